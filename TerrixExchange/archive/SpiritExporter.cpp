@@ -1,0 +1,106 @@
+#include <TerrixExchange/archive/SpiritExporter.h>
+
+#include <boost/spirit/include/karma.hpp>
+
+#include <TerrixExchange/archive/NumberText.h>
+
+namespace TerrixExchange {
+
+namespace karma = boost::spirit::karma;
+
+namespace {
+
+// Parameter names stand in a field of this many characters.
+const std::size_t parameterNameWidth = 7;
+// Section titles stand in a field of this many characters.
+const std::size_t titleWidth = 25;
+// A vector line breaks before a value that would take it past this column.
+const int vectorLineLength = 80;
+
+}  // namespace
+
+template <class OutputIterator>
+SpiritExporter<OutputIterator>::SpiritExporter(OutputIterator sink, int columnWidth,
+                                               const boost::optional<Units::Runtime::FastUnitConverter>& converter)
+    : columnWidth_(columnWidth), sink_(sink), converter_(converter) {}
+
+template <class OutputIterator>
+void SpiritExporter<OutputIterator>::WriteText(const std::string& text) {
+    karma::generate(sink_, karma::string, text);
+}
+
+template <class OutputIterator>
+void SpiritExporter<OutputIterator>::WriteLine(const std::string& text) {
+    karma::generate(sink_, karma::string << karma::eol, text);
+}
+
+template <class OutputIterator>
+void SpiritExporter<OutputIterator>::SectionTitle(const std::string& title) {
+    karma::generate(sink_, "*** " << karma::left_align(titleWidth)[karma::string] << " ***" << karma::eol, title);
+}
+
+template <class OutputIterator>
+void SpiritExporter<OutputIterator>::WriteReal(double value, Units::Runtime::DynamicDimension dimension) {
+    if (converter_) value = converter_->Convert(value, dimension);
+    const int field = columnWidth_ - 1;
+    const std::string text = FormatReal(value, field);
+    karma::generate(sink_, ' ' << karma::right_align(field > 0 ? field : 0)[karma::string], text);
+}
+
+template <class OutputIterator>
+void SpiritExporter<OutputIterator>::WriteInteger(long long value) {
+    const int field = columnWidth_ - 1;
+    karma::generate(sink_, ' ' << karma::right_align(field > 0 ? field : 0)[karma::long_long], value);
+}
+
+template <class OutputIterator>
+void SpiritExporter<OutputIterator>::WriteParameterName(const std::string& name, const std::string& comment) {
+    karma::generate(sink_, ' ' << karma::left_align(parameterNameWidth)[karma::string] << ' ' << karma::string << karma::eol,
+                    name, comment);
+}
+
+template <class OutputIterator>
+void SpiritExporter<OutputIterator>::StringParameter(const std::string& value, const std::string& comment) {
+    // A quote inside the text is written twice, as Fortran reads it.
+    std::string quoted;
+    for (char c : value) {
+        quoted += c;
+        if (c == '\'') quoted += '\'';
+    }
+    const std::size_t padding = quoted.size() < 18 ? 18 - quoted.size() : 0;
+    karma::generate(sink_, " '" << karma::string << '\'' << karma::string << karma::string << karma::eol, quoted,
+                    std::string(padding, ' '), comment);
+}
+
+template <class OutputIterator>
+void SpiritExporter<OutputIterator>::VersionLine(int year, int month, int day) {
+    karma::generate(sink_,
+                    "TERRIX Version: " << karma::int_ << '-' << karma::right_align(2, '0')[karma::int_] << '-'
+                                       << karma::right_align(2, '0')[karma::int_] << karma::eol,
+                    year, month, day);
+}
+
+template <class OutputIterator>
+void SpiritExporter<OutputIterator>::WriteVector(const std::vector<double>& values,
+                                                 Units::Runtime::DynamicDimension dimension,
+                                                 const std::string& comment) {
+    // The count restarts at 0, not at the column width, after a break: the
+    // first line holds up to eight values of width 10 and every further line
+    // up to nine. Readers take any number of values per line.
+    int columns = 0;
+    for (double value : values) {
+        columns += columnWidth_;
+        if (columns > vectorLineLength) {
+            WriteText("\n");
+            columns = 0;
+        }
+        WriteReal(value, dimension);
+    }
+    // An empty vector is a line that holds only the comment.
+    if (!comment.empty()) WriteText(" " + comment);
+    WriteText("\n");
+}
+
+template class SpiritExporter<StreamSink>;
+
+}  // namespace TerrixExchange

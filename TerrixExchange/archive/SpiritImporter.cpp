@@ -1,0 +1,352 @@
+#include <TerrixExchange/archive/SpiritImporter.h>
+
+#include <sstream>
+
+#include <boost/spirit/include/qi.hpp>
+#include <boost/spirit/home/qi/copy.hpp>
+
+#include <TerrixExchange/archive/NumberText.h>
+
+namespace TerrixExchange {
+
+namespace qi = boost::spirit::qi;
+
+namespace {
+
+// A number token: sign, digits with an optional point, an optional exponent
+// (Fortran's "D" included), or NaN / Inf / Infinity. It must end where the
+// field ends: at a blank, the end of the line or the end of the input.
+template <class Iterator>
+bool ParseNumberToken(Iterator& position, const Iterator& last, std::string& token) {
+    Iterator start = position;
+    const auto mantissa = qi::copy((+qi::digit >> -(qi::char_('.') >> *qi::digit)) | (qi::char_('.') >> +qi::digit));
+    const auto exponent = qi::copy(qi::char_("eEdD") >> -qi::char_("+-") >> +qi::digit);
+    const auto special = qi::copy(qi::no_case[qi::lit("infinity") | "inf" | "nan"]);
+    const auto fieldEnd = qi::copy(&(qi::blank | qi::eol | qi::eoi));
+    boost::iterator_range<Iterator> range;
+    if (!qi::parse(start, last, qi::raw[-qi::char_("+-") >> ((mantissa >> -exponent) | special)] >> fieldEnd, range))
+        return false;
+    token.assign(range.begin(), range.end());
+    position = start;
+    return true;
+}
+
+template <class Iterator>
+void SkipBlanks(Iterator& position, const Iterator& last) {
+    qi::parse(position, last, *qi::blank);
+}
+
+}  // namespace
+
+template <class Iterator>
+SpiritImporter<Iterator>::SpiritImporter(Iterator first, Iterator last, const Units::Runtime::UnitSystem& units,
+                                         bool titleMode)
+    : skipRestOfLineName_("Skip the rest of the line"),
+      position_(first),
+      last_(last),
+      units_(units),
+      lineCounter_(1),
+      lineStart_(first),
+      lineToReport_(1),
+      titleMode_(titleMode) {}
+
+template <class Iterator>
+void SpiritImporter<Iterator>::SetPosition(const Position& position) {
+    position_ = position.position;
+    lineStart_ = position.lineStart;
+    lineCounter_ = position.lineCounter;
+    lineToReport_ = position.lineToReport;
+}
+
+template <class Iterator>
+std::string SpiritImporter<Iterator>::CurrentLineText() const {
+    std::string text;
+    for (Iterator it = lineStart_; it != last_ && *it != '\n'; ++it) text += *it;
+    if (!text.empty() && text.back() == '\r') text.pop_back();
+    return text;
+}
+
+template <class Iterator>
+void SpiritImporter<Iterator>::RaiseImportError(const std::string& message) const {
+    throw ImportError(lineToReport_, message, sectionTitle_, CurrentLineText());
+}
+
+template <class Iterator>
+void SpiritImporter<Iterator>::SkipRestOfLine() {
+    qi::rule<Iterator> skipRestOfLine = *(qi::char_ - qi::eol) >> (qi::eol | qi::eoi);
+    skipRestOfLine.name(skipRestOfLineName_);
+    qi::parse(position_, last_, skipRestOfLine);
+}
+
+template <class Iterator>
+bool SpiritImporter<Iterator>::AtCommentLine() const {
+    if (position_ == last_) return false;
+    Iterator it = position_;
+    return qi::parse(it, last_, qi::lit('*') | (qi::char_("Cc") >> (qi::blank | qi::eol | qi::eoi)));
+}
+
+template <class Iterator>
+void SpiritImporter<Iterator>::NextLine(bool skipComments) {
+    SkipRestOfLine();
+    ++lineCounter_;
+    lineToReport_ = lineCounter_;
+    lineStart_ = position_;
+    if (!skipComments) return;
+    while (AtCommentLine()) {
+        SkipRestOfLine();
+        ++lineCounter_;
+    }
+}
+
+template <class Iterator>
+bool SpiritImporter<Iterator>::AtEndOfLine() {
+    Iterator it = position_;
+    SkipBlanks(it, last_);
+    Iterator probe = it;
+    if (!qi::parse(probe, last_, &(qi::eol | qi::eoi))) return false;
+    position_ = it;
+    return true;
+}
+
+template <class Iterator>
+bool SpiritImporter<Iterator>::MatchWords(const std::string& text) {
+    // The words of the text in order, any run of blanks between them, and
+    // any run of '*' and blanks before and after.
+    std::istringstream words(text);
+    Iterator it = position_;
+    qi::parse(it, last_, *(qi::blank | qi::char_('*')));
+    std::string word;
+    bool first = true;
+    while (words >> word) {
+        if (!first && !qi::parse(it, last_, +qi::blank)) return false;
+        if (!qi::parse(it, last_, qi::lit(word))) return false;
+        first = false;
+    }
+    if (!qi::parse(it, last_, *(qi::blank | qi::char_('*')) >> &(qi::eol | qi::eoi))) return false;
+    position_ = it;
+    return true;
+}
+
+template <class Iterator>
+bool SpiritImporter<Iterator>::MatchTitle(const std::string& title) {
+    if (titleMode_) return MatchWords(title);
+    // The title exactly as it is spelt, in any decoration of '*' and blanks.
+    Iterator it = position_;
+    const auto decoration = qi::copy(*(qi::blank | qi::char_('*')));
+    if (!qi::parse(it, last_, decoration >> qi::lit(title) >> decoration >> &(qi::eol | qi::eoi))) return false;
+    position_ = it;
+    return true;
+}
+
+template <class Iterator>
+void SpiritImporter<Iterator>::SectionTitle(const std::string& title) {
+    sectionTitle_ = title;
+    // Comment lines may stand before a title; a title line decorated with
+    // '*' looks like one, so each line is first tried as the title.
+    const Position expected = GetPosition();
+    while (!MatchTitle(title)) {
+        if (!AtCommentLine()) {
+            SetPosition(expected);
+            RaiseImportError("Unable to find section");
+        }
+        SkipRestOfLine();
+        ++lineCounter_;
+    }
+    NextLine(true);
+}
+
+template <class Iterator>
+void SpiritImporter<Iterator>::TableHeader(const std::string& text) {
+    if (!MatchWords(text)) RaiseImportError("Unable to find section");
+    NextLine(true);
+}
+
+template <class Iterator>
+void SpiritImporter<Iterator>::BlankLine() {
+    // The end of the input counts as an empty line, so that a truncated file
+    // is reported at the section that is missing.
+    Iterator it = position_;
+    SkipBlanks(it, last_);
+    if (!qi::parse(it, last_, qi::eol | qi::eoi)) RaiseImportError("Expected blank line");
+    position_ = it;
+    ++lineCounter_;
+    lineToReport_ = lineCounter_;
+    lineStart_ = position_;
+}
+
+template <class Iterator>
+bool SpiritImporter<Iterator>::TryReadReal(double& value, Units::Runtime::DynamicDimension dimension) {
+    Iterator it = position_;
+    SkipBlanks(it, last_);
+    std::string token;
+    double number = 0.0;
+    if (!ParseNumberToken(it, last_, token) || !ParseReal(token, number)) return false;
+    value = units_.ConvertFromUnitSystem(number, dimension);
+    position_ = it;
+    return true;
+}
+
+template <class Iterator>
+bool SpiritImporter<Iterator>::TryReadInteger(int& value) {
+    const Iterator start = position_;
+    double number = 0.0;
+    if (!TryReadReal(number, Units::Runtime::DynamicDimension{})) return false;
+    // Integers are written as numbers and truncated toward zero; a number
+    // outside the range of an int is no integer of the file.
+    const double truncated = std::trunc(number);
+    if (!(truncated >= static_cast<double>(std::numeric_limits<int>::min()) &&
+          truncated <= static_cast<double>(std::numeric_limits<int>::max()))) {
+        position_ = start;
+        return false;
+    }
+    value = static_cast<int>(truncated);
+    return true;
+}
+
+template <class Iterator>
+bool SpiritImporter<Iterator>::TryParameterName(const std::string& name) {
+    Iterator it = position_;
+    if (!qi::parse(it, last_, +qi::blank >> qi::lit(name) >> &(qi::blank | qi::eol | qi::eoi))) return false;
+    position_ = it;
+    return true;
+}
+
+template <class Iterator>
+void SpiritImporter<Iterator>::StringParameter(std::string& value, const std::string&) {
+    Iterator it = position_;
+    std::string text;
+    const auto quoted = qi::copy(qi::lit('\'') >> *((qi::lit("''") >> qi::attr('\'')) | (qi::char_ - qi::char_("'\r\n"))) >>
+                        qi::lit('\''));
+    if (!qi::parse(it, last_, qi::omit[*qi::blank] >> quoted, text)) RaiseImportError("Expected string.");
+    value = text;
+    position_ = it;
+    NextLine(true);
+}
+
+template <class Iterator>
+void SpiritImporter<Iterator>::Header(std::string& header) {
+    sectionTitle_ = "TERRIX";
+    if (!MatchWords("TERRIX")) RaiseImportError("Unable to find section");
+    NextLine(false);
+    header.clear();
+    bool first = true;
+    while (position_ != last_) {
+        Iterator it = position_;
+        if (qi::parse(it, last_, *qi::blank >> (qi::eol | qi::eoi))) break;
+        it = position_;
+        if (qi::parse(it, last_, qi::lit("TERRIX") >> +qi::blank >> qi::lit("Version:"))) break;
+        const Position here = GetPosition();
+        const bool isTitle = MatchWords("CONTROL SECTION");
+        SetPosition(here);
+        if (isTitle) break;
+        if (!first) header += '\n';
+        header += CurrentLineText();
+        first = false;
+        NextLine(false);
+    }
+}
+
+template <class Iterator>
+bool SpiritImporter<Iterator>::VersionLine(int& year, int& month, int& day) {
+    Iterator it = position_;
+    int y = 0, m = 0, d = 0;
+    if (!qi::parse(it, last_,
+                   qi::lit("TERRIX") >> qi::omit[+qi::blank] >> qi::lit("Version:") >> qi::omit[*qi::blank] >> qi::int_ >> '-' >>
+                       qi::int_ >> '-' >> qi::int_,
+                   y, m, d))
+        return false;
+    position_ = it;
+    year = y;
+    month = m;
+    day = d;
+    NextLine(true);
+    return true;
+}
+
+template <class Iterator>
+bool SpiritImporter<Iterator>::EndOfProfiles() {
+    const Position start = GetPosition();
+    while (position_ != last_) {
+        Iterator it = position_;
+        const bool empty = qi::parse(it, last_, *qi::blank >> &(qi::eol | qi::eoi));
+        it = position_;
+        const bool endLine =
+            qi::parse(it, last_, *qi::blank >> qi::lit("END OF TERRIX INPUT FILE") >> *qi::blank >> &(qi::eol | qi::eoi));
+        if (!empty && !endLine && !AtCommentLine()) {
+            SetPosition(start);
+            return false;
+        }
+        NextLine(false);
+    }
+    return true;
+}
+
+template <class Iterator>
+void SpiritImporter<Iterator>::ProfileMarker() {
+    Iterator it = position_;
+    if (!qi::parse(it, last_, *qi::blank >> qi::lit("###") >> *qi::blank >> qi::lit("New soil profile") >> *qi::blank >>
+                                  &(qi::eol | qi::eoi)))
+        RaiseImportError("Expected: ### New soil profile");
+    position_ = it;
+    NextLine(true);
+}
+
+template <class Iterator>
+std::size_t SpiritImporter<Iterator>::CountNumbersAhead() const {
+    Iterator it = position_;
+    std::size_t count = 0;
+    std::string token;
+    double number = 0.0;
+    for (;;) {
+        SkipBlanks(it, last_);
+        if (!ParseNumberToken(it, last_, token) || !ParseReal(token, number)) return count;
+        ++count;
+    }
+}
+
+template <class Iterator>
+bool SpiritImporter<Iterator>::LineStartsWithNumber() const {
+    Iterator it = position_;
+    SkipBlanks(it, last_);
+    std::string token;
+    return ParseNumberToken(it, last_, token);
+}
+
+template <class Iterator>
+void SpiritImporter<Iterator>::RaiseFieldError(const Iterator& fieldStart) {
+    position_ = fieldStart;
+    RaiseImportError("Error parsing argument: " + std::to_string(fieldIndex_));
+}
+
+template <class Iterator>
+void SpiritImporter<Iterator>::EndRow() {
+    if (!AtEndOfLine()) RaiseImportError("Expected end of line of record.");
+    NextLine(true);
+}
+
+template <class Iterator>
+void SpiritImporter<Iterator>::ReadVector(std::vector<double>& values, std::size_t size,
+                                          Units::Runtime::DynamicDimension dimension) {
+    // The vector is not sized from the count before its values are there: a
+    // count that is far too large fails at the end of the values, not in the
+    // allocator.
+    values.clear();
+    const std::string sizeText = std::to_string(size);
+    for (std::size_t i = 0; i < size; ++i) {
+        if (AtEndOfLine()) {
+            if (AtEndOfInput()) RaiseImportError("Error parsing argument: " + std::to_string(i) + ", expected vector of size: " + sizeText);
+            NextLine(true);
+        }
+        double value = 0.0;
+        if (!TryReadReal(value, dimension))
+            RaiseImportError("Error parsing argument: " + std::to_string(i) + ", expected vector of size: " + sizeText);
+        values.push_back(value);
+    }
+    // The rest of the line is the vector's comment, unless it holds a number.
+    if (LineStartsWithNumber()) RaiseImportError("Expected vector of size: " + sizeText);
+    NextLine(true);
+}
+
+template class SpiritImporter<StreamIterator>;
+
+}  // namespace TerrixExchange

@@ -1,0 +1,344 @@
+#pragma once
+
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <exception>
+#include <istream>
+#include <limits>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+#include <boost/function.hpp>
+#include <boost/optional.hpp>
+#include <boost/spirit/home/support/iterators/istream_iterator.hpp>
+
+#include <TerrixExchange/archive/ArchiveFields.h>
+#include <TerrixExchange/archive/ImportError.h>
+#include <TerrixPlatform/AllocationCallbacks/AllocationCallbacks.h>
+#include <TerrixPlatform/Units/Runtime/UnitSystem.h>
+
+namespace TerrixExchange {
+
+// Reads a TERRIX text through the sections' Serialize members. It walks the
+// stream with Spirit parsers, checks that each line is what the section
+// describes, stores what it reads (converted from the file's unit system to
+// database units) and throws ImportError at the first mismatch.
+//
+// Lines are counted from 1. After each significant line the importer passes
+// over comment lines (a line that starts with '*', or with 'C' or 'c' followed
+// by a blank, a tab or the end of the line). A message names the line after
+// the last one read successfully: the first skipped comment line when there
+// were any, while counting goes on from the true physical line.
+template <class Iterator>
+class SpiritImporter {
+public:
+    TERRIX_ALLOCATION_OPERATORS
+
+    // Where the importer stands: enough to come back to it.
+    struct Position {
+        Iterator position;
+        Iterator lineStart;
+        std::uint64_t lineCounter;
+        std::uint64_t lineToReport;
+    };
+
+    // Puts the importer back where it stood when a section began, should an
+    // exception leave the section.
+    class SectionGuard {
+    public:
+        SectionGuard(SpiritImporter& importer, const std::string& title)
+            : importer_(importer), start_(importer.GetPosition()), exceptions_(std::uncaught_exceptions()) {
+            importer_.SectionTitle(title);
+        }
+        SectionGuard(const SectionGuard&) = delete;
+        SectionGuard& operator=(const SectionGuard&) = delete;
+        ~SectionGuard() {
+            if (std::uncaught_exceptions() > exceptions_) importer_.SetPosition(start_);
+        }
+
+    private:
+        SpiritImporter& importer_;
+        Position start_;
+        int exceptions_;
+    };
+
+    SpiritImporter(Iterator first, Iterator last, const Units::Runtime::UnitSystem& units, bool titleMode);
+    SpiritImporter(const SpiritImporter&) = delete;
+    SpiritImporter& operator=(const SpiritImporter&) = delete;
+
+    // --- State ---
+    const Units::Runtime::UnitSystem& GetUnitSystem() const { return units_; }
+    void SetUnitSystem(const Units::Runtime::UnitSystem& units) { units_ = units; }
+    bool GetTitleMode() const { return titleMode_; }
+    void SetTitleMode(bool titleMode) { titleMode_ = titleMode; }
+    std::uint64_t GetLineCounter() const { return lineCounter_; }
+    Position GetPosition() const { return Position{position_, lineStart_, lineCounter_, lineToReport_}; }
+    void SetPosition(const Position& position);
+    // Only the importer reads and the exporter writes; these are 1 and 0 for
+    // the importer so that callers may say how many columns they write.
+    int GetColumnWidth() const { return 0; }
+    void SetColumnWidth(int) {}
+
+    // --- Lines ---
+    // Saves the position (see SectionGuard) and finds the section's title.
+    [[nodiscard]] SectionGuard BeginSection(const std::string& title) { return SectionGuard(*this, title); }
+    void SectionTitle(const std::string& title);
+    void TableHeader(const std::string& text);
+    // Comment lines are passed over wherever they stand; nothing to check.
+    void CommentLine(const std::string&) {}
+    void BlankLine();
+    void NextLine(bool skipComments);
+    [[noreturn]] void RaiseImportError(const std::string& message) const;
+
+    // A parameter line: the value, then the parameter's name; the comment
+    // that follows is not read. False when the line does not hold them.
+    template <class Value>
+    bool Parameter(Value&& value, const std::string& name, const std::string& comment);
+    // The same, with the error "Expected parameter '<name>' not found or
+    // incorrectly defined" when the line does not hold it.
+    template <class Value>
+    void RequiredParameter(Value&& value, const std::string& name, const std::string& comment) {
+        if (!Parameter(value, name, comment))
+            RaiseImportError("Expected parameter '" + name + "' not found or incorrectly defined");
+        NextLine(true);
+    }
+    // A parameter that may be missing: when its line does not parse it is
+    // marked absent and the position stays where it was.
+    template <class Value>
+    void OptionalParameter(boost::optional<Value>& value, const std::string& name, const std::string& comment);
+    // A text between single quotes ('' inside stands for one quote).
+    void StringParameter(std::string& value, const std::string& comment);
+
+    // --- The frame of a profile ---
+    // "TERRIX" and the header lines up to the version line, the first empty
+    // line or the first title (joined by "\n").
+    void Header(std::string& header);
+    // "TERRIX Version: yyyy-mm-dd"; false, with nothing consumed, when the
+    // current line is not one.
+    bool VersionLine(int& year, int& month, int& day);
+    // What may follow the last profile of a file: empty lines, comment lines
+    // and the end line. True, with all of it consumed, when nothing else
+    // follows; false, with nothing consumed, otherwise.
+    bool EndOfProfiles();
+    // The line "### New soil profile" that separates two profiles.
+    void ProfileMarker();
+
+    // --- Records, vectors and tables ---
+    // Exactly `count` records.
+    template <class Record, class... Arguments>
+    void RecordVector(std::vector<Record>& records, std::size_t count, Arguments&&... arguments);
+    // Records as long as `more` says, from the records read so far, that the
+    // table goes on.
+    template <class Record>
+    void RecordVector(std::vector<Record>& records, const boost::function<bool(const std::vector<Record>&)>& more);
+    // Records as long as the next line starts with a number.
+    template <class Record>
+    void OpenRecordVector(std::vector<Record>& records);
+    // One line of a record: its fields, then the end of the line.
+    template <class... Fields>
+    void Row(Fields&&... fields);
+    // `size` values over one or more lines; on the line of the last value any
+    // text that is not a number is the vector's comment.
+    void Vector(std::vector<double>& values, std::size_t size, const std::string& comment) {
+        ReadVector(values, size, Units::Runtime::DynamicDimension{});
+    }
+    template <class Phenomenon>
+    void Vector(DimensionedVector<Phenomenon> values, std::size_t size, const std::string& comment) {
+        ReadVector(values.values, size, Phenomenon::dimension);
+    }
+    template <class Phenomenon>
+    void Vector(std::vector<Units::Runtime::Quantity<Phenomenon>>& values, std::size_t size, const std::string&);
+
+private:
+    // Numbers: the current position is left after the number on success and
+    // unchanged on failure. Reals are converted from the file's units.
+    bool TryReadReal(double& value, Units::Runtime::DynamicDimension dimension);
+    bool TryReadInteger(int& value);
+    bool TryReadValue(double& value) { return TryReadReal(value, Units::Runtime::DynamicDimension{}); }
+    bool TryReadValue(int& value) { return TryReadInteger(value); }
+    template <class Phenomenon>
+    bool TryReadValue(Units::Runtime::Quantity<Phenomenon>& value) {
+        double number = 0.0;
+        if (!TryReadReal(number, Phenomenon::dimension)) return false;
+        value = Units::Runtime::Quantity<Phenomenon>(number);
+        return true;
+    }
+    template <class Phenomenon>
+    bool TryReadValue(Dimensioned<Phenomenon> value) {
+        return TryReadReal(value.value, Phenomenon::dimension);
+    }
+
+    bool TryParameterName(const std::string& name);
+    template <class Value>
+    bool TryReadParameter(Value& value, const std::string& name);
+    template <class Phenomenon>
+    bool TryReadParameter(Dimensioned<Phenomenon> value, const std::string& name);
+    std::size_t CountNumbersAhead() const;
+    bool LineStartsWithNumber() const;
+    bool AtEndOfLine();
+    bool AtEndOfInput() const { return position_ == last_; }
+    bool AtCommentLine() const;
+    bool MatchWords(const std::string& text);
+    bool MatchTitle(const std::string& title);
+    void SkipRestOfLine();
+    std::string CurrentLineText() const;
+    void ReadVector(std::vector<double>& values, std::size_t size, Units::Runtime::DynamicDimension dimension);
+
+    template <class Field>
+    void ReadField(Field&& field, std::size_t fieldCount, std::size_t numbersAhead);
+    template <class Value>
+    void ReadField(boost::optional<Value>& field, std::size_t fieldCount, std::size_t numbersAhead);
+    [[noreturn]] void RaiseFieldError(const Iterator& fieldStart);
+    void EndRow();
+
+    template <class Field>
+    static constexpr bool IsOptional() {
+        using Plain = std::remove_cv_t<std::remove_reference_t<Field>>;
+        return std::is_same<Plain, boost::optional<double>>::value || std::is_same<Plain, boost::optional<int>>::value;
+    }
+
+    std::string skipRestOfLineName_;
+    Iterator position_;
+    Iterator last_;
+    Units::Runtime::UnitSystem units_;
+    std::uint64_t lineCounter_;
+    Iterator lineStart_;
+    std::uint64_t lineToReport_;
+    std::string sectionTitle_;
+    bool titleMode_;
+    // The index of the next field within the record being read.
+    std::size_t fieldIndex_ = 0;
+};
+
+using StreamIterator = boost::spirit::basic_istream_iterator<char>;
+using Importer = SpiritImporter<StreamIterator>;
+
+// ---------------------------------------------------------------------------
+
+template <class Iterator>
+template <class Value>
+bool SpiritImporter<Iterator>::Parameter(Value&& value, const std::string& name, const std::string&) {
+    const Position start = GetPosition();
+    if (TryReadParameter(value, name)) return true;
+    SetPosition(start);
+    return false;
+}
+
+template <class Iterator>
+template <class Value>
+bool SpiritImporter<Iterator>::TryReadParameter(Value& value, const std::string& name) {
+    Value read = value;
+    if (!TryReadValue(read) || !TryParameterName(name)) return false;
+    value = read;
+    return true;
+}
+
+template <class Iterator>
+template <class Phenomenon>
+bool SpiritImporter<Iterator>::TryReadParameter(Dimensioned<Phenomenon> value, const std::string& name) {
+    double read = value.value;
+    if (!TryReadReal(read, Phenomenon::dimension) || !TryParameterName(name)) return false;
+    value.value = read;
+    return true;
+}
+
+template <class Iterator>
+template <class Value>
+void SpiritImporter<Iterator>::OptionalParameter(boost::optional<Value>& value, const std::string& name,
+                                                 const std::string& comment) {
+    Value read{};
+    if (Parameter(read, name, comment)) {
+        value = read;
+        NextLine(true);
+    } else {
+        value = boost::none;
+    }
+}
+
+template <class Iterator>
+template <class Phenomenon>
+void SpiritImporter<Iterator>::Vector(std::vector<Units::Runtime::Quantity<Phenomenon>>& values, std::size_t size,
+                                      const std::string&) {
+    std::vector<double> numbers;
+    ReadVector(numbers, size, Phenomenon::dimension);
+    values.clear();
+    values.reserve(numbers.size());
+    for (double number : numbers) values.emplace_back(number);
+}
+
+template <class Iterator>
+template <class Record, class... Arguments>
+void SpiritImporter<Iterator>::RecordVector(std::vector<Record>& records, std::size_t count,
+                                            Arguments&&... arguments) {
+    records.clear();
+    for (std::size_t i = 0; i < count; ++i) {
+        Record record;
+        fieldIndex_ = 0;
+        record.Serialize(*this, arguments...);
+        records.push_back(std::move(record));
+    }
+}
+
+template <class Iterator>
+template <class Record>
+void SpiritImporter<Iterator>::RecordVector(std::vector<Record>& records,
+                                            const boost::function<bool(const std::vector<Record>&)>& more) {
+    records.clear();
+    while (more(records)) {
+        Record record;
+        fieldIndex_ = 0;
+        record.Serialize(*this);
+        records.push_back(std::move(record));
+    }
+}
+
+template <class Iterator>
+template <class Record>
+void SpiritImporter<Iterator>::OpenRecordVector(std::vector<Record>& records) {
+    records.clear();
+    while (LineStartsWithNumber()) {
+        Record record;
+        fieldIndex_ = 0;
+        record.Serialize(*this);
+        records.push_back(std::move(record));
+    }
+}
+
+template <class Iterator>
+template <class... Fields>
+void SpiritImporter<Iterator>::Row(Fields&&... fields) {
+    constexpr std::size_t fieldCount = sizeof...(Fields);
+    constexpr bool anyOptional = (IsOptional<Fields>() || ... || false);
+    const std::size_t numbersAhead = anyOptional ? CountNumbersAhead() : fieldCount;
+    (ReadField(std::forward<Fields>(fields), fieldCount, numbersAhead), ...);
+    EndRow();
+}
+
+template <class Iterator>
+template <class Field>
+void SpiritImporter<Iterator>::ReadField(Field&& field, std::size_t, std::size_t) {
+    const Iterator fieldStart = position_;
+    if (!TryReadValue(field)) RaiseFieldError(fieldStart);
+    ++fieldIndex_;
+}
+
+template <class Iterator>
+template <class Value>
+void SpiritImporter<Iterator>::ReadField(boost::optional<Value>& field, std::size_t fieldCount,
+                                         std::size_t numbersAhead) {
+    // An optional column is there when the line holds a number for every
+    // column; one number short, it is the missing one.
+    if (numbersAhead < fieldCount) {
+        field = boost::none;
+        return;
+    }
+    const Iterator fieldStart = position_;
+    Value value{};
+    if (!TryReadValue(value)) RaiseFieldError(fieldStart);
+    field = value;
+    ++fieldIndex_;
+}
+
+}  // namespace TerrixExchange

@@ -1,0 +1,253 @@
+#include <TerrixExchange/document/Terrix.h>
+
+#include <cmath>
+#include <istream>
+#include <limits>
+#include <ostream>
+
+#include <TerrixPlatform/Units/Runtime/FastUnitConverter.h>
+
+namespace TerrixExchange {
+
+using namespace Units::Runtime;
+
+namespace {
+
+// Clears a stream's skipping of white space, so that blanks and line breaks
+// reach the parsers, and gives the caller its flag back afterwards.
+class WhiteSpaceKept {
+public:
+    explicit WhiteSpaceKept(std::istream& stream) : stream_(stream), flags_(stream.flags()) {
+        stream_.unsetf(std::ios::skipws);
+    }
+    WhiteSpaceKept(const WhiteSpaceKept&) = delete;
+    WhiteSpaceKept& operator=(const WhiteSpaceKept&) = delete;
+    ~WhiteSpaceKept() { stream_.flags(flags_); }
+
+private:
+    std::istream& stream_;
+    std::ios::fmtflags flags_;
+};
+
+// A count of the file read as a number of records to read: a negative count
+// reads none.
+std::size_t RecordCount(long long count) { return count > 0 ? static_cast<std::size_t>(count) : 0; }
+
+// The version line of version 5 carries this date.
+const int versionYear = 2009;
+const int versionMonth = 9;
+const int versionDay = 1;
+
+// The reference values from which a file's units are deduced, in kN and m:
+// sea water (within 5 per cent of the 9.81 of the comment line) and the
+// atmospheric pressure.
+const double referenceWaterUnitWeight = 10.0518;
+const double referenceAtmosphericPressure = 101.3;
+const double unitMatchTolerance = 0.05;
+
+}  // namespace
+
+Terrix::Terrix(Version version, Revision revision) : version_(version), revision_(revision) {
+    SetRevision(revision);
+    SetVersion(version);
+}
+
+void Terrix::SetVersion(Version version) {
+    version_ = version;
+    inputData_.controlSection.version = version;
+}
+
+void Terrix::SetRevision(Revision revision) {
+    revision_ = revision;
+    inputData_.soilMainLayersAndPropertiesSection.layoutRevision = static_cast<int>(revision);
+}
+
+std::uint64_t Terrix::GetDiameterCount() const {
+    return inputData_.pileDiametersAndGroupEffectsSection.diameters.size();
+}
+
+template <class Archive>
+void Terrix::SerializeSections(Archive& archive) {
+    TerrixInputData& data = inputData_;
+    ControlSection& control = data.controlSection;
+    const bool isVersion5 = version_ == Version::V5;
+
+    archive.BlankLine();
+    control.Serialize(archive);
+    archive.BlankLine();
+    data.materialCoefficientsSection.Serialize(archive);
+    archive.BlankLine();
+    data.pileDiametersAndGroupEffectsSection.Serialize(archive, isVersion5);
+    archive.BlankLine();
+    data.soilSurfaceAndGroundWaterSection.Serialize(archive);
+    archive.BlankLine();
+    data.loadsAtSoilSurfaceSection.Serialize(archive);
+
+    // Manual curves are given per manual layer and pile diameter.
+    const std::size_t diameters = GetDiameterCount();
+    std::size_t manualPy = 0;
+    std::size_t manualTz = 0;
+    std::size_t manualQz = 0;
+    std::size_t layers = 0;
+    if (isVersion5) {
+        const std::size_t mainLayers = RecordCount(control.NUMLAYM);
+        archive.BlankLine();
+        data.soilMainLayersAndPropertiesSection.Serialize(archive, mainLayers);
+        archive.BlankLine();
+        data.skinFrictionAndTipResistanceSectionV5.Serialize(archive, mainLayers);
+        archive.BlankLine();
+        MainLayersSubdivisionAndPyTzQzCodesSection& codes = data.mainLayersSubdivisionAndPyTzQzCodesSection;
+        codes.Serialize(archive, mainLayers);
+        manualPy = RecordCount(codes.GetManualPYRecordCount());
+        manualTz = RecordCount(codes.GetManualTZRecordCount());
+        manualQz = RecordCount(codes.GetManualQZRecordCount());
+        layers = mainLayers;
+    } else {
+        archive.BlankLine();
+        data.soilTypeAndPropertySection.Serialize(archive, RecordCount(control.NUMTYP));
+        archive.BlankLine();
+        data.skinFrictionAndTipResistanceSectionV4.Serialize(archive, RecordCount(control.NUMTQZ));
+        archive.BlankLine();
+        SoilLayerDivisionsAndCodesForPyTzQzSection& codes = data.soilLayerDivisionsAndCodesForPyTzQzSection;
+        layers = RecordCount(control.NUMLAY);
+        codes.Serialize(archive, layers);
+        manualPy = codes.GetManualPYRecordCount();
+        manualTz = codes.GetManualTZRecordCount();
+        manualQz = codes.GetManualQZRecordCount();
+    }
+
+    archive.BlankLine();
+    data.manualPyLateralResistanceDataSection.Serialize(archive, manualPy * diameters);
+    archive.BlankLine();
+    data.pyLateralResistanceDataModificationSection.Serialize(archive, layers, diameters);
+    archive.BlankLine();
+    data.manualTzSkinFrictionDataSection.Serialize(archive, manualTz * diameters);
+    archive.BlankLine();
+    data.tzSkinFrictionDataModificationSection.Serialize(archive, layers, diameters);
+    archive.BlankLine();
+    data.manualQzPileTipResistanceDataSection.Serialize(archive, manualQz * diameters);
+    archive.BlankLine();
+    data.qzPileTipResistanceDataModificationSection.Serialize(archive, layers, diameters);
+
+    // The optional sections' titles are read by their exact spelling.
+    archive.SetTitleMode(false);
+    if (control.HasDMData()) {
+        archive.BlankLine();
+        data.manualMthetaMomentDataSection.Serialize(archive, RecordCount(*control.NUMDM));
+        archive.BlankLine();
+        data.mthetaMomentDataModificationSection.Serialize(archive);
+    }
+    if (control.HasBSData()) {
+        archive.BlankLine();
+        data.manualBSYBaseShearDataSection.Serialize(archive, RecordCount(*control.NUMBS));
+        archive.BlankLine();
+        data.bsyBaseShearDataModificationSection.Serialize(archive);
+    }
+    if (control.HasBMData()) {
+        archive.BlankLine();
+        data.manualBMthetaMomentDataSection.Serialize(archive, RecordCount(*control.NUMBM));
+        archive.BlankLine();
+        data.bmThetaMomentDataModificationSection.Serialize(archive);
+    }
+
+    archive.BlankLine();
+    data.givenSoilDisplacementsAndOpenHoleSection.Serialize(archive, RecordCount(control.NUMDSP));
+}
+
+void Terrix::ReadProfile(Importer& importer) {
+    importer.Header(header_);
+    SetVersion(Version::V4);
+    int year = 0, month = 0, day = 0;
+    if (importer.VersionLine(year, month, day) && year == versionYear) SetVersion(Version::V5);
+    if (version_ == Version::V4 || version_ == Version::V5) SerializeSections(importer);
+}
+
+void Terrix::Import(std::istream& stream, const std::string& forceUnit, const std::string& lengthUnit) {
+    unitSystem_ = UnitSystem(forceUnit, lengthUnit);
+    WhiteSpaceKept whiteSpace(stream);
+    Importer importer(StreamIterator(stream), StreamIterator(), unitSystem_, true);
+    ReadProfile(importer);
+}
+
+void Terrix::Export(std::ostream& stream, const UnitSystem& units, const std::list<std::string>& headerLines,
+                    bool writeEndLine) {
+    unitSystem_ = units;
+    Exporter exporter(StreamSink(stream), 10, FastUnitConverter(GetDatabaseUnitSystem(), units));
+    exporter.WriteLine("TERRIX");
+    for (const std::string& line : headerLines) exporter.WriteLine(line);
+    if (version_ == Version::V4 || version_ == Version::V5) {
+        if (version_ == Version::V5) exporter.VersionLine(versionYear, versionMonth, versionDay);
+        SerializeSections(exporter);
+    }
+    if (writeEndLine) {
+        exporter.BlankLine();
+        exporter.WriteLine("END OF TERRIX INPUT FILE");
+    }
+}
+
+void Terrix::Export(std::ostream& stream, const std::string& forceUnit, const std::string& lengthUnit,
+                    const std::list<std::string>& headerLines, bool writeEndLine) {
+    Export(stream, UnitSystem(forceUnit, lengthUnit), headerLines, writeEndLine);
+}
+
+bool Terrix::TryDeduceUnits(std::istream& stream, std::string& forceUnit, std::string& lengthUnit) {
+    WhiteSpaceKept whiteSpace(stream);
+    Importer importer(StreamIterator(stream), StreamIterator(), GetDatabaseUnitSystem(), true);
+    return TryDeduceUnits(importer, forceUnit, lengthUnit);
+}
+
+bool Terrix::TryDeduceUnits(Importer& importer, std::string& forceUnit, std::string& lengthUnit) {
+    std::string header;
+    importer.Header(header);
+    int year = 0, month = 0, day = 0;
+    const bool isVersion5 = importer.VersionLine(year, month, day) && year == versionYear;
+    ControlSection control(isVersion5 ? Version::V5 : Version::V4);
+    importer.BlankLine();
+    control.Serialize(importer);
+    return TryDeduceUnits(control.GAMMAW, control.ATMPRS, forceUnit, lengthUnit);
+}
+
+bool Terrix::TryDeduceUnits(Quantity<ForcePerUnitVolumePhenomenon> waterUnitWeight,
+                            Quantity<StressPhenomenon> atmosphericPressure, std::string& forceUnit,
+                            std::string& lengthUnit) {
+    const UnitSystem reference("kN", "m");
+    const double gRef = reference.ConvertFromUnitSystem(referenceWaterUnitWeight, ForcePerUnitVolumePhenomenon::dimension);
+    const double pRef = reference.ConvertFromUnitSystem(referenceAtmosphericPressure, StressPhenomenon::dimension);
+    const double g = waterUnitWeight.GetValue();
+    const double p = atmosphericPressure.GetValue();
+
+    // g/p is an inverse length: the ratio to the reference's is the size of
+    // the file's length unit in metres, and the force unit follows from g.
+    const double lengthFactor = (g / p) / (gRef / pRef);
+    // Candidates are compared by their relative difference; on a tie the
+    // first in the list wins.
+    auto nearest = [](double factor, const char* const* names, std::size_t count, bool isForce, std::string& best) {
+        double bestDifference = std::numeric_limits<double>::infinity();
+        for (std::size_t i = 0; i < count; ++i) {
+            double size = 0.0;
+            if (isForce) TryGetForceUnitSize(names[i], size);
+            else TryGetLengthUnitSize(names[i], size);
+            const double difference = std::fabs(factor - size) / size;
+            if (difference < bestDifference) {
+                bestDifference = difference;
+                best = names[i];
+            }
+        }
+        return bestDifference <= unitMatchTolerance;
+    };
+    static const char* const lengthNames[] = {"km", "m", "dm", "cm", "mm", "in", "ft"};
+    static const char* const forceNames[] = {"N", "kN", "MN", "GN", "mN", "lbf", "kipf", "kgf"};
+    std::string length;
+    if (!std::isfinite(lengthFactor) || !nearest(lengthFactor, lengthNames, 7, false, length)) return false;
+    const double forceFactor = lengthFactor * lengthFactor * lengthFactor * (gRef / g);
+    std::string force;
+    if (!std::isfinite(forceFactor) || !nearest(forceFactor, forceNames, 8, true, force)) return false;
+    lengthUnit = length;
+    forceUnit = force;
+    return true;
+}
+
+template void Terrix::SerializeSections(Importer&);
+template void Terrix::SerializeSections(Exporter&);
+
+}  // namespace TerrixExchange
