@@ -19,6 +19,15 @@ struct DimensionedVector {
     std::vector<double>& values;
 };
 
+// All the numbers that remain on a record's line, however many there are
+// (none included): a last group of columns whose number the file leaves
+// open. Held as read, never converted.
+struct ValuesToEndOfLine {
+    std::vector<double>& values;
+};
+
+inline ValuesToEndOfLine ToEndOfLine(std::vector<double>& values) { return ValuesToEndOfLine{values}; }
+
 template <class Phenomenon>
 Dimensioned<Phenomenon> AsQuantity(double& value) {
     return Dimensioned<Phenomenon>{value};

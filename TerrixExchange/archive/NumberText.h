@@ -2,19 +2,33 @@
 
 #include <string>
 
+#include <TerrixPlatform/Units/Runtime/UnitSystem.h>
+
 namespace TerrixExchange {
 
-// The text of a real as the exporter writes it: the shortest text that reads
-// back as the same double, in plain decimals with a decimal point when that
-// fits `fieldWidth` characters, else in exponent form when that fits, else
-// the shorter of the two (the column then widens; nothing is rounded away).
-// NaN and infinities are written "NaN", "Inf" and "-Inf".
-std::string FormatReal(double value, int fieldWidth);
+// Numbers as the TERRIX file writes them, read and written without any
+// rounding between the text and the double that is held.
+//
+// A value is held in database units; the file writes it in its own unit,
+// whose size is an exact ratio of database units (`unitSize`: 1000 for kN,
+// 0.3048 for ft). Reading multiplies the written decimal number by that ratio
+// exactly and rounds once to the nearest double. Writing gives the shortest
+// decimal text that reads back to exactly the value held, so a file read in
+// one unit system and written in another (and back) keeps every value.
 
-// Reads a number token as the importer accepts it: an optional sign, digits
-// with an optional decimal point, an optional exponent with "e", "E", "d" or
-// "D", or NaN / Inf / Infinity in any case. The result is the correctly
-// rounded double; false for anything else or a value out of range.
-bool ParseReal(const std::string& text, double& value);
+// The text of a real as the exporter writes it: plain decimals with a
+// decimal point when that fits `fieldWidth` characters, else exponent form
+// when that fits, else the shorter of the two (the column then widens;
+// nothing is rounded away). NaN and infinities are written "NaN", "Inf" and
+// "-Inf".
+std::string FormatReal(double value, int fieldWidth,
+                       const Units::Runtime::UnitRatio& unitSize = Units::Runtime::UnitRatio{});
+
+// Reads a number token: an optional sign, digits with an optional decimal
+// point, an optional exponent with "e", "E", "d" or "D", or NaN / Inf /
+// Infinity in any case. The result is the double nearest to the number times
+// `unitSize`; false for anything else or a value out of range.
+bool ParseReal(const std::string& text, double& value,
+               const Units::Runtime::UnitRatio& unitSize = Units::Runtime::UnitRatio{});
 
 }  // namespace TerrixExchange

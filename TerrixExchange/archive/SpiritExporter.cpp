@@ -41,9 +41,9 @@ void SpiritExporter<OutputIterator>::SectionTitle(const std::string& title) {
 
 template <class OutputIterator>
 void SpiritExporter<OutputIterator>::WriteReal(double value, Units::Runtime::DynamicDimension dimension) {
-    if (converter_) value = converter_->Convert(value, dimension);
     const int field = columnWidth_ - 1;
-    const std::string text = FormatReal(value, field);
+    const std::string text =
+        converter_ ? FormatReal(value, field, converter_->GetTo().GetSize(dimension)) : FormatReal(value, field);
     karma::generate(sink_, ' ' << karma::right_align(field > 0 ? field : 0)[karma::string], text);
 }
 

@@ -139,6 +139,9 @@ private:
     void WriteField(const boost::optional<Value>& field) {
         if (field) WriteValue(*field);
     }
+    void WriteField(const ValuesToEndOfLine& field) {
+        for (double value : field.values) WriteValue(value);
+    }
 
     int columnWidth_;
     OutputIterator sink_;

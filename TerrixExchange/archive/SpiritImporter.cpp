@@ -180,8 +180,8 @@ bool SpiritImporter<Iterator>::TryReadReal(double& value, Units::Runtime::Dynami
     SkipBlanks(it, last_);
     std::string token;
     double number = 0.0;
-    if (!ParseNumberToken(it, last_, token) || !ParseReal(token, number)) return false;
-    value = units_.ConvertFromUnitSystem(number, dimension);
+    if (!ParseNumberToken(it, last_, token) || !ParseReal(token, number, units_.GetSize(dimension))) return false;
+    value = number;
     position_ = it;
     return true;
 }

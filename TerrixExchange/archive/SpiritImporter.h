@@ -190,6 +190,7 @@ private:
     void ReadField(Field&& field, std::size_t fieldCount, std::size_t numbersAhead);
     template <class Value>
     void ReadField(boost::optional<Value>& field, std::size_t fieldCount, std::size_t numbersAhead);
+    void ReadField(ValuesToEndOfLine field, std::size_t fieldCount, std::size_t numbersAhead);
     [[noreturn]] void RaiseFieldError(const Iterator& fieldStart);
     void EndRow();
 
@@ -338,6 +339,16 @@ void SpiritImporter<Iterator>::ReadField(boost::optional<Value>& field, std::siz
     Value value{};
     if (!TryReadValue(value)) RaiseFieldError(fieldStart);
     field = value;
+    ++fieldIndex_;
+}
+
+template <class Iterator>
+void SpiritImporter<Iterator>::ReadField(ValuesToEndOfLine field, std::size_t, std::size_t) {
+    // Numbers up to the first text that is not one; what is left must then
+    // be the end of the line (see EndRow).
+    field.values.clear();
+    double value = 0.0;
+    while (TryReadReal(value, Units::Runtime::DynamicDimension{})) field.values.push_back(value);
     ++fieldIndex_;
 }
 

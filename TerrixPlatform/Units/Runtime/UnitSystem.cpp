@@ -70,6 +70,22 @@ double UnitRatio::ToDouble() const {
     return static_cast<double>(static_cast<long double>(numerator) / static_cast<long double>(denominator));
 }
 
+bool UnitRatio::IsPowerOfTen(int& exponent) const {
+    auto tens = [](__int128 number, int& count) {
+        count = 0;
+        while (number > 1 && number % 10 == 0) {
+            number /= 10;
+            ++count;
+        }
+        return number == 1;
+    };
+    int up = 0;
+    int down = 0;
+    if (!tens(numerator, up) || !tens(denominator, down)) return false;
+    exponent = up - down;
+    return true;
+}
+
 double UnitRatio::Apply(double value) const {
     if (numerator == denominator) return value;
     if (denominator == 1 && numerator < exactLimit) return value * static_cast<double>(numerator);

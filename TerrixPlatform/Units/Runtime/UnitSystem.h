@@ -19,6 +19,9 @@ struct UnitRatio {
     // one for whole factors and whole divisors (1000, 1e-9 as /1e9).
     double Apply(double value) const;
     double ToDouble() const;
+    // True when the ratio is 10^exponent: such a conversion moves the decimal
+    // point of a written number and needs no rounding.
+    bool IsPowerOfTen(int& exponent) const;
     UnitRatio Inverse() const { return UnitRatio{denominator, numerator}; }
     // numerator / denominator in lowest terms.
     static UnitRatio Reduced(__int128 numerator, __int128 denominator);

@@ -1,0 +1,411 @@
+// The importer and exporter at the level of lines, parameters, records and
+// vectors, with a small section and record of the tests' own.
+
+#include <cmath>
+#include <limits>
+#include <random>
+#include <vector>
+
+#include <boost/optional.hpp>
+#include <gtest/gtest.h>
+
+#include "TestSupport.h"
+
+using namespace TerrixExchange;
+using namespace TerrixExchange::Testing;
+using namespace TerrixExchange::Units::Runtime;
+
+namespace {
+
+// A row of three columns: an integer, a length and a plain number, and an
+// optional number standing between the last two.
+struct SampleRecord {
+    int number = 0;
+    Quantity<LengthPhenomenon> level;
+    boost::optional<double> modulus;
+    double ratio = 0.0;
+
+    template <class Archive>
+    void Serialize(Archive& archive) {
+        archive.Row(number, level, modulus, ratio);
+    }
+};
+
+// A section with two parameters and a table.
+struct SampleSection {
+    double CONFRC = 0.0;
+    int NUMROW = 0;
+    std::vector<SampleRecord> records;
+
+    template <class Archive>
+    void Serialize(Archive& archive) {
+        const auto guard = archive.BeginSection("SAMPLE SECTION");
+        archive.RequiredParameter(CONFRC, "CONFRC", "A FACTOR");
+        archive.RequiredParameter(NUMROW, "NUMROW", "NUMBER OF ROWS");
+        archive.TableHeader("NUMBER    LEVEL     RATIO");
+        archive.RecordVector(records, static_cast<std::size_t>(NUMROW > 0 ? NUMROW : 0));
+    }
+};
+
+SampleSection ReadSample(const std::string& text, const std::string& force = "kN", const std::string& length = "m") {
+    SampleSection section;
+    ReadText(text, [&](Importer& importer) { section.Serialize(importer); }, force, length);
+    return section;
+}
+
+const std::string sampleText =
+    "*** SAMPLE SECTION ***\n"
+    "       1.5 CONFRC  A FACTOR\n"
+    "         2 NUMROW  NUMBER OF ROWS\n"
+    "NUMBER    LEVEL     RATIO\n"
+    "         1      -2.5      0.25\n"
+    "         2     -10.0    2000.0      0.75\n";
+
+}  // namespace
+
+TEST(Archive, ParametersAndRecordsReadTheirValuesExactly) {
+    const SampleSection section = ReadSample(sampleText, "kN", "mm");
+    EXPECT_EQ(section.CONFRC, 1.5);
+    EXPECT_EQ(section.NUMROW, 2);
+    ASSERT_EQ(section.records.size(), 2u);
+    EXPECT_EQ(section.records[0].number, 1);
+    EXPECT_EQ(section.records[0].level.GetValue(), -0.0025);
+    EXPECT_FALSE(section.records[0].modulus);
+    EXPECT_EQ(section.records[0].ratio, 0.25);
+    EXPECT_EQ(section.records[1].level.GetValue(), -0.01);
+    ASSERT_TRUE(section.records[1].modulus);
+    EXPECT_EQ(*section.records[1].modulus, 2000.0);
+    EXPECT_EQ(section.records[1].ratio, 0.75);
+}
+
+TEST(Archive, ExportWritesColumnsOfTenAndReadsBackTheSameText) {
+    SampleSection section = ReadSample(sampleText);
+    const std::string written = WriteText([&](Exporter& exporter) { section.Serialize(exporter); });
+    EXPECT_EQ(written,
+              "*** SAMPLE SECTION            ***\n"
+              "       1.5 CONFRC  A FACTOR\n"
+              "         2 NUMROW  NUMBER OF ROWS\n"
+              "NUMBER    LEVEL     RATIO\n"
+              "         1      -2.5      0.25\n"
+              "         2     -10.0    2000.0      0.75\n");
+    SampleSection again = ReadSample(written);
+    EXPECT_EQ(WriteText([&](Exporter& exporter) { again.Serialize(exporter); }), written);
+}
+
+TEST(Archive, IntegerColumnsAreTruncatedTowardZero) {
+    const SampleSection section = ReadSample(
+        "SAMPLE SECTION\n"
+        "       1.5 CONFRC  A FACTOR\n"
+        "       2.9 NUMROW  NUMBER OF ROWS\n"
+        "NUMBER    LEVEL     RATIO\n"
+        "       3.9       1.0       1.0\n"
+        "      -3.9       1.0       1.0\n");
+    EXPECT_EQ(section.NUMROW, 2);
+    EXPECT_EQ(section.records[0].number, 3);
+    EXPECT_EQ(section.records[1].number, -3);
+}
+
+TEST(Archive, MisspeltParameterNamesTheParameterAndShowsTheLine) {
+    const std::string text =
+        "*** SAMPLE SECTION ***\n"
+        "       1.5 CONFR   A FACTOR\n";
+    EXPECT_EQ(ImportErrorOf([&] { ReadSample(text); }),
+              ImportErrorText(2, "Expected parameter 'CONFRC' not found or incorrectly defined", "SAMPLE SECTION",
+                              "       1.5 CONFR   A FACTOR"));
+}
+
+TEST(Archive, CommentLinesAreSkippedAndCountedButMessagesNameTheFirstOfThem) {
+    // An error right after comment lines names the first comment line and
+    // shows it; an error one significant line later names its true line.
+    const std::string commentsThenBadLine =
+        "*** SAMPLE SECTION ***\n"
+        "* a comment\n"
+        "C another comment\n"
+        "c\n"
+        "       1.5 CONFR   A FACTOR\n";
+    EXPECT_EQ(ImportErrorOf([&] { ReadSample(commentsThenBadLine); }),
+              ImportErrorText(2, "Expected parameter 'CONFRC' not found or incorrectly defined", "SAMPLE SECTION",
+                              "* a comment"));
+
+    const std::string commentsThenGoodLineThenBadLine =
+        "*** SAMPLE SECTION ***\n"
+        "* a comment\n"
+        "C another comment\n"
+        "       1.5 CONFRC  A FACTOR\n"
+        "         2 NUMROWS NUMBER OF ROWS\n";
+    EXPECT_EQ(ImportErrorOf([&] { ReadSample(commentsThenGoodLineThenBadLine); }),
+              ImportErrorText(5, "Expected parameter 'NUMROW' not found or incorrectly defined", "SAMPLE SECTION",
+                              "         2 NUMROWS NUMBER OF ROWS"));
+}
+
+TEST(Archive, RowErrorsNameTheFieldAndTheLine) {
+    const std::string head =
+        "SAMPLE SECTION\n"
+        "       1.5 CONFRC  A FACTOR\n"
+        "         2 NUMROW  NUMBER OF ROWS\n"
+        "NUMBER    LEVEL     RATIO\n"
+        "         1      -2.5      0.25\n";
+    EXPECT_EQ(ImportErrorOf([&] { ReadSample(head + "         2     -10.0    2000.0      0.75       9.0\n"); }),
+              ImportErrorText(6, "Expected end of line of record.", "SAMPLE SECTION",
+                              "         2     -10.0    2000.0      0.75       9.0"));
+    EXPECT_EQ(ImportErrorOf([&] { ReadSample(head + "         2     -10.0       ABC\n"); }),
+              ImportErrorText(6, "Error parsing argument: 2", "SAMPLE SECTION", "         2     -10.0       ABC"));
+    EXPECT_EQ(ImportErrorOf([&] { ReadSample(head + "       ABC     -10.0       1.0\n"); }),
+              ImportErrorText(6, "Error parsing argument: 0", "SAMPLE SECTION", "       ABC     -10.0       1.0"));
+    // A table cut short by the next section.
+    EXPECT_EQ(ImportErrorOf([&] { ReadSample(head + "\n*** NEXT SECTION ***\n"); }),
+              ImportErrorText(6, "Error parsing argument: 0", "SAMPLE SECTION", ""));
+    // An integer column must hold an integer of the machine's range.
+    EXPECT_EQ(ImportErrorOf([&] { ReadSample(head + "     1e300       1.0       1.0\n"); }),
+              ImportErrorText(6, "Error parsing argument: 0", "SAMPLE SECTION", "     1e300       1.0       1.0"));
+}
+
+TEST(Archive, CommentLinesBetweenRowsAreSkipped) {
+    const SampleSection section = ReadSample(
+        "SAMPLE SECTION\n"
+        "       1.5 CONFRC  A FACTOR\n"
+        "         2 NUMROW  NUMBER OF ROWS\n"
+        "NUMBER    LEVEL     RATIO\n"
+        "         1      -2.5      0.25\n"
+        "* the second row\n"
+        "         2     -10.0      0.75\n");
+    ASSERT_EQ(section.records.size(), 2u);
+    EXPECT_EQ(section.records[1].ratio, 0.75);
+}
+
+TEST(Archive, AnEmptyTableReadsNothingAndLeavesThePositionAfterItsHeader) {
+    SampleSection section;
+    section.records.resize(3);
+    ReadText(
+        "SAMPLE SECTION\n"
+        "       1.5 CONFRC  A FACTOR\n"
+        "         0 NUMROW  NUMBER OF ROWS\n"
+        "NUMBER    LEVEL     RATIO\n"
+        "\n"
+        "SAMPLE SECTION\n",
+        [&](Importer& importer) {
+            section.Serialize(importer);
+            EXPECT_EQ(importer.GetLineCounter(), 5u);
+            importer.BlankLine();
+            importer.SectionTitle("SAMPLE SECTION");
+        });
+    EXPECT_TRUE(section.records.empty());
+}
+
+TEST(Archive, TitlesAreFoundBareOrDecoratedInBothTitleModes) {
+    for (bool titleMode : {true, false}) {
+        for (const std::string& line :
+             {std::string("SAMPLE SECTION"), std::string("*** SAMPLE SECTION ***"), std::string("**SAMPLE SECTION"),
+              std::string("  SAMPLE SECTION   *****"), std::string("*** SAMPLE SECTION            ***")}) {
+            SCOPED_TRACE(line);
+            ReadText(line + "\nnext\n", [&](Importer& importer) {
+                importer.SectionTitle("SAMPLE SECTION");
+                EXPECT_EQ(importer.GetLineCounter(), 2u);
+            }, "kN", "m", titleMode);
+        }
+    }
+    // Title mode on matches the words; off, the title's own spelling.
+    ReadText("SAMPLE     SECTION\n", [](Importer& importer) { importer.SectionTitle("SAMPLE SECTION"); });
+    EXPECT_EQ(ImportErrorOf([] {
+                  ReadText("SAMPLE     SECTION\n", [](Importer& importer) { importer.SectionTitle("SAMPLE SECTION"); },
+                           "kN", "m", false);
+              }),
+              ImportErrorText(1, "Unable to find section", "SAMPLE SECTION", "SAMPLE     SECTION"));
+}
+
+TEST(Archive, AMissingTitleNamesTheLineWhereItWasExpected) {
+    EXPECT_EQ(ImportErrorOf([] {
+                  ReadText("* a comment before the title\nOTHER SECTION\n",
+                           [](Importer& importer) { importer.SectionTitle("SAMPLE SECTION"); });
+              }),
+              ImportErrorText(1, "Unable to find section", "SAMPLE SECTION", "* a comment before the title"));
+    // A comment line before a title is passed over.
+    ReadText("* a comment before the title\n*** SAMPLE SECTION ***\n",
+             [](Importer& importer) { importer.SectionTitle("SAMPLE SECTION"); });
+}
+
+TEST(Archive, ASectionThatFailsPutsTheImporterBackAtItsStart) {
+    ReadText("*** SAMPLE SECTION ***\n       1.5 CONFRC  A FACTOR\n      ABC NUMROW  NUMBER OF ROWS\n",
+             [](Importer& importer) {
+                 SampleSection section;
+                 EXPECT_THROW(section.Serialize(importer), ImportError);
+                 EXPECT_EQ(importer.GetLineCounter(), 1u);
+                 importer.SectionTitle("SAMPLE SECTION");
+                 EXPECT_EQ(importer.GetLineCounter(), 2u);
+             });
+}
+
+TEST(Archive, BlankLinesSeparateSections) {
+    EXPECT_EQ(ImportErrorOf([] { ReadText("not empty\n", [](Importer& importer) { importer.BlankLine(); }); }),
+              ImportErrorText(1, "Expected blank line", "", "not empty"));
+    ReadText("   \t\r\nnext\n", [](Importer& importer) {
+        importer.BlankLine();
+        EXPECT_EQ(importer.GetLineCounter(), 2u);
+    });
+}
+
+TEST(Archive, QuotedTextsFillTwentyColumns) {
+    const std::string written = WriteText([](Exporter& exporter) {
+        exporter.StringParameter("NORTH-0001", "NAME OF THIS SOIL PROFILE, MAX 10 CHARACTERS");
+        exporter.StringParameter("O'NEIL", "NAME");
+    });
+    EXPECT_EQ(written,
+              " 'NORTH-0001'        NAME OF THIS SOIL PROFILE, MAX 10 CHARACTERS\n"
+              " 'O''NEIL'           NAME\n");
+    ReadText(written, [](Importer& importer) {
+        std::string name;
+        importer.StringParameter(name, "");
+        EXPECT_EQ(name, "NORTH-0001");
+        importer.StringParameter(name, "");
+        EXPECT_EQ(name, "O'NEIL");
+    });
+    EXPECT_EQ(ImportErrorOf([] {
+                  ReadText(" 'UNTERMINATED   NAME\n", [](Importer& importer) {
+                      std::string name;
+                      importer.StringParameter(name, "");
+                  });
+              }),
+              ImportErrorText(1, "Expected string.", "", " 'UNTERMINATED   NAME"));
+}
+
+TEST(Archive, VectorsWrapAfterColumnEightyWithTheCountRestartingAtZero) {
+    auto values = [](int count) {
+        std::vector<double> result;
+        for (int i = 1; i <= count; ++i) result.push_back(i * 0.5);
+        return result;
+    };
+    auto write = [](std::vector<double> vector) {
+        return WriteText([&](Exporter& exporter) { exporter.Vector(vector, vector.size(), "COMMENT"); });
+    };
+    EXPECT_EQ(write(values(8)), "       0.5       1.0       1.5       2.0       2.5       3.0       3.5       4.0 COMMENT\n");
+    EXPECT_EQ(write(values(12)),
+              "       0.5       1.0       1.5       2.0       2.5       3.0       3.5       4.0\n"
+              "       4.5       5.0       5.5       6.0 COMMENT\n");
+    EXPECT_EQ(write(values(20)),
+              "       0.5       1.0       1.5       2.0       2.5       3.0       3.5       4.0\n"
+              "       4.5       5.0       5.5       6.0       6.5       7.0       7.5       8.0       8.5\n"
+              "       9.0       9.5      10.0 COMMENT\n");
+    EXPECT_EQ(write({}), " COMMENT\n");
+
+    // Read back from the wrapped text, from one line, and from a line a value.
+    for (const std::string& text : {write(values(20)),
+                                    std::string("0.5 1 1.5 2 2.5 3 3.5 4 4.5 5 5.5 6 6.5 7 7.5 8 8.5 9 9.5 10 COMMENT\n"),
+                                    std::string("0.5\n1\n1.5\n2\n2.5\n3\n3.5\n4\n4.5\n5\n5.5\n6\n6.5\n7\n7.5\n8\n"
+                                                "* a comment inside the vector\n8.5\n9\n9.5\n10\n")}) {
+        ReadText(text + "next\n", [&](Importer& importer) {
+            std::vector<double> read;
+            importer.Vector(read, 20, "COMMENT");
+            EXPECT_EQ(read, values(20));
+        });
+    }
+}
+
+TEST(Archive, VectorErrorsGiveTheIndexAndTheSize) {
+    auto read = [](const std::string& text, std::size_t size) {
+        ReadText(text, [&](Importer& importer) {
+            std::vector<double> values;
+            importer.Vector(values, size, "COMMENT");
+        });
+    };
+    EXPECT_EQ(ImportErrorOf([&] { read("1.0 2.0 COMMENT\n", 3); }),
+              ImportErrorText(1, "Error parsing argument: 2, expected vector of size: 3", "", "1.0 2.0 COMMENT"));
+    EXPECT_EQ(ImportErrorOf([&] { read("1.0 2.0 3.0 4.0 COMMENT\n", 3); }),
+              ImportErrorText(1, "Expected vector of size: 3", "", "1.0 2.0 3.0 4.0 COMMENT"));
+    EXPECT_EQ(ImportErrorOf([&] { read("1.0 2.0\n", 3); }),
+              ImportErrorText(2, "Error parsing argument: 2, expected vector of size: 3", "", ""));
+    // A count far larger than the file fails at the end of the input rather
+    // than reserving memory for it.
+    EXPECT_EQ(ImportErrorOf([&] { read("1.0 2.0\n", std::size_t(1) << 60); }),
+              ImportErrorText(2, "Error parsing argument: 2, expected vector of size: 1152921504606846976", "", ""));
+}
+
+TEST(Archive, RealsAreWrittenWithTheShortestTextThatReadsBackExactly) {
+    auto write = [](double value) {
+        return WriteText([&](Exporter& exporter) { exporter.Vector(std::vector<double>{value}, 1, ""); });
+    };
+    EXPECT_EQ(write(0.1), "       0.1\n");
+    EXPECT_EQ(write(100.0), "     100.0\n");
+    EXPECT_EQ(write(-0.0), "      -0.0\n");
+    EXPECT_EQ(write(1234567.0), " 1234567.0\n");
+    EXPECT_EQ(write(12345678.0), " 12345678.0\n");
+    EXPECT_EQ(write(1.0e-7), " 0.0000001\n");
+    EXPECT_EQ(write(1.0e-8), "     1e-08\n");
+    EXPECT_EQ(write(2.5e12), "   2.5e+12\n");
+    // Wider than the column: the column widens, keeping the blank before it.
+    EXPECT_EQ(write(0.1 + 0.2), " 0.30000000000000004\n");
+    EXPECT_EQ(write(std::nan("")), "       NaN\n");
+    EXPECT_EQ(write(-std::numeric_limits<double>::infinity()), "      -Inf\n");
+
+    // Any double reads back as itself, through any unit system.
+    std::mt19937_64 random(42);
+    std::uniform_real_distribution<double> exponent(-12.0, 12.0);
+    std::vector<double> values;
+    for (int i = 0; i < 2000; ++i) values.push_back(std::pow(10.0, exponent(random)) * (i % 2 ? 1 : -1));
+    for (const auto& units : {std::make_pair("kN", "m"), std::make_pair("N", "mm"), std::make_pair("lbf", "ft")}) {
+        std::vector<Quantity<StressPhenomenon>> stresses;
+        for (double value : values) stresses.emplace_back(value);
+        const std::string text = WriteText(
+            [&](Exporter& exporter) { exporter.Vector(stresses, stresses.size(), "STRESSES"); }, units.first,
+            units.second);
+        ReadText(text, [&](Importer& importer) {
+            std::vector<Quantity<StressPhenomenon>> read;
+            importer.Vector(read, stresses.size(), "STRESSES");
+            ASSERT_EQ(read.size(), stresses.size());
+            for (std::size_t i = 0; i < read.size(); ++i)
+                ASSERT_EQ(read[i].GetValue(), stresses[i].GetValue()) << units.first << " " << units.second << " #" << i;
+        }, units.first, units.second);
+    }
+}
+
+TEST(Archive, NumbersInTheFormsAFortranProgramWrites) {
+    ReadText("1 -2. .5 +3.25 1.5E3 2.5d-2 -1D+2 nan INF -Infinity COMMENT\n", [](Importer& importer) {
+        std::vector<double> values;
+        importer.Vector(values, 10, "COMMENT");
+        EXPECT_EQ(values[0], 1.0);
+        EXPECT_EQ(values[1], -2.0);
+        EXPECT_EQ(values[2], 0.5);
+        EXPECT_EQ(values[3], 3.25);
+        EXPECT_EQ(values[4], 1500.0);
+        EXPECT_EQ(values[5], 0.025);
+        EXPECT_EQ(values[6], -100.0);
+        EXPECT_TRUE(std::isnan(values[7]));
+        EXPECT_EQ(values[8], std::numeric_limits<double>::infinity());
+        EXPECT_EQ(values[9], -std::numeric_limits<double>::infinity());
+    });
+    // Not numbers: a number glued to text, two points, an exponent without
+    // digits, a value out of range.
+    for (const std::string& text : {"1.0ABC\n", "1.2.3\n", "1e\n", "1e400\n", "0x10\n"}) {
+        SCOPED_TRACE(text);
+        EXPECT_THROW(ReadText(text, [](Importer& importer) {
+                         std::vector<double> values;
+                         importer.Vector(values, 1, "");
+                     }),
+                     ImportError);
+    }
+}
+
+TEST(Archive, WindowsLineEndsAndTabsReadLikeAnyOther) {
+    std::string text = sampleText;
+    std::string crlf;
+    for (char c : text) crlf += c == '\n' ? std::string("\r\n") : std::string(1, c);
+    std::string tabs = crlf;
+    for (char& c : tabs)
+        if (c == ' ') c = '\t';
+    for (const std::string& variant : {crlf, tabs}) {
+        const SampleSection section = ReadSample(variant);
+        ASSERT_EQ(section.records.size(), 2u);
+        EXPECT_EQ(section.records[1].ratio, 0.75);
+    }
+    // The "Found:" line never shows the carriage return.
+    EXPECT_EQ(ImportErrorOf([] { ReadSample("*** SAMPLE SECTION ***\r\n       1.5 CONFR\r\n"); }),
+              ImportErrorText(2, "Expected parameter 'CONFRC' not found or incorrectly defined", "SAMPLE SECTION",
+                              "       1.5 CONFR"));
+}
+
+TEST(Archive, AFileThatStopsInTheMiddleOfALineFails) {
+    EXPECT_EQ(ImportErrorOf([] { ReadSample("*** SAMPLE SECTION ***\n       1.5 CONF"); }),
+              ImportErrorText(2, "Expected parameter 'CONFRC' not found or incorrectly defined", "SAMPLE SECTION",
+                              "       1.5 CONF"));
+    EXPECT_EQ(ImportErrorOf([] { ReadSample(sampleText.substr(0, sampleText.size() - 21)); }),
+              ImportErrorText(6, "Error parsing argument: 2", "SAMPLE SECTION", "         2     -10.0"));
+}
