@@ -1,0 +1,86 @@
+#include <TerrixExchange/sections/SkinFrictionAndTipResistanceSectionV4.h>
+
+#include <utility>
+
+#include <TerrixExchange/archive/SpiritExporter.h>
+#include <TerrixExchange/archive/SpiritImporter.h>
+
+namespace TerrixExchange {
+
+using namespace Units::Runtime;
+
+namespace {
+
+using Record = SkinFrictionAndTipResistanceSectionV4Record;
+
+Quantity<LengthPhenomenon> MiddleOf(const Layer& layer) { return (layer.zTop + layer.zBottom) / 2.0; }
+
+}  // namespace
+
+bool Record::IsAboveMiddleOfLayer(const Layer& layer) const { return ZLEV < MiddleOf(layer); }
+
+bool Record::IsBelowMiddleOfLayer(const Layer& layer) const { return ZLEV > MiddleOf(layer); }
+
+bool Record::IsPartOfLayer(const Layer& layer) const { return layer.zTop <= ZLEV && ZLEV <= layer.zBottom; }
+
+template <class Archive>
+void Record::Serialize(Archive& archive) {
+    // G0-SOIL is an optional column: seven numbers on the line leave it out.
+    archive.Row(ZLEV, SKIN_CMP, SKIN_TNS, G0_SOIL, DSPTZ_DIAM, SIG_TIP, POIS, DSPQZ_DIAM);
+}
+
+template void Record::Serialize(Importer&);
+template void Record::Serialize(Exporter&);
+
+bool operator==(const Record& left, const Record& right) {
+    return left.ZLEV == right.ZLEV && left.SKIN_CMP == right.SKIN_CMP && left.SKIN_TNS == right.SKIN_TNS &&
+           left.G0_SOIL == right.G0_SOIL && left.DSPTZ_DIAM == right.DSPTZ_DIAM && left.SIG_TIP == right.SIG_TIP &&
+           left.POIS == right.POIS && left.DSPQZ_DIAM == right.DSPQZ_DIAM;
+}
+
+bool operator!=(const Record& left, const Record& right) { return !(left == right); }
+
+std::pair<SkinFrictionAndTipResistanceSectionV4::const_iterator, SkinFrictionAndTipResistanceSectionV4::const_iterator>
+SkinFrictionAndTipResistanceSectionV4::EqualRange(const Layer& layer) const {
+    const const_iterator end = records.end();
+    const_iterator above = end;  // the last record above the middle
+    const_iterator below = end;  // the first record below it
+    for (const_iterator record = records.begin(); record != end; ++record) {
+        if (record->IsAboveMiddleOfLayer(layer))
+            above = record;
+        else if (record->IsBelowMiddleOfLayer(layer) && below == end)
+            below = record;
+    }
+    if (below == end)
+        below = above;
+    else if (above == end)
+        above = below;
+    // Levels out of depth order can put the first level below the middle in
+    // front of the last one above it; the range then runs from the one to the
+    // other, so that it is never reversed and holds both.
+    if (below < above) std::swap(above, below);
+    if (below != end) ++below;
+    return {above, below};
+}
+
+template <class Archive>
+void SkinFrictionAndTipResistanceSectionV4::Serialize(Archive& archive, std::size_t count) {
+    const auto guard = archive.BeginSection("SKIN FRICTION AND TIP RESISTANCE (T-Z/Q-Z) SECTION");
+    archive.RequiredParameter(ZONINF, "ZONINF", "(ZONE OF INFLUENCE) / (PILE RADIUS) FOR TZCODE = 200");
+    archive.RequiredParameter(RFTZ, "RFTZ", "CURVE FITTING FACTOR RF FOR TZCODE = 200");
+    archive.TableHeader("ZLEV  SKIN-CMP  SKIN-TNS  G0-SOIL  DSPTZ/DIAM   SIG-TIP  POIS  DSPQZ/DIAM");
+    archive.RecordVector(records, count);
+}
+
+template void SkinFrictionAndTipResistanceSectionV4::Serialize(Importer&, std::size_t);
+template void SkinFrictionAndTipResistanceSectionV4::Serialize(Exporter&, std::size_t);
+
+bool operator==(const SkinFrictionAndTipResistanceSectionV4& left, const SkinFrictionAndTipResistanceSectionV4& right) {
+    return left.ZONINF == right.ZONINF && left.RFTZ == right.RFTZ && left.records == right.records;
+}
+
+bool operator!=(const SkinFrictionAndTipResistanceSectionV4& left, const SkinFrictionAndTipResistanceSectionV4& right) {
+    return !(left == right);
+}
+
+}  // namespace TerrixExchange

@@ -1,0 +1,67 @@
+#include <TerrixExchange/sections/SkinFrictionAndTipResistanceSectionV5.h>
+
+#include <algorithm>
+
+#include <TerrixExchange/archive/SpiritExporter.h>
+#include <TerrixExchange/archive/SpiritImporter.h>
+
+namespace TerrixExchange {
+
+namespace {
+
+using Record = SkinFrictionAndTipResistanceSectionV5Record;
+
+}  // namespace
+
+template <class Archive>
+void Record::Serialize(Archive& archive) {
+    archive.Row(MAIN_LAYER, CALC_METH, SKINC_TOP, SKINC_BOT, SKINT_TOP, SKINT_BOT, SIGTIP_TOP, SIGTIP_BOT, G0_FACT,
+                TRES_TMAX, TZZRES);
+}
+
+template void Record::Serialize(Importer&);
+template void Record::Serialize(Exporter&);
+
+bool operator==(const Record& left, const Record& right) {
+    return left.MAIN_LAYER == right.MAIN_LAYER && left.CALC_METH == right.CALC_METH &&
+           left.SKINC_TOP == right.SKINC_TOP && left.SKINC_BOT == right.SKINC_BOT &&
+           left.SKINT_TOP == right.SKINT_TOP && left.SKINT_BOT == right.SKINT_BOT &&
+           left.SIGTIP_TOP == right.SIGTIP_TOP && left.SIGTIP_BOT == right.SIGTIP_BOT &&
+           left.G0_FACT == right.G0_FACT && left.TRES_TMAX == right.TRES_TMAX && left.TZZRES == right.TZZRES;
+}
+
+bool operator!=(const Record& left, const Record& right) { return !(left == right); }
+
+SkinFrictionAndTipResistanceSectionV5::const_iterator SkinFrictionAndTipResistanceSectionV5::FindLayer(
+    const Layer& layer) const {
+    return std::find_if(records.begin(), records.end(),
+                        [&layer](const Record& record) { return record.MAIN_LAYER == layer.mainLayer; });
+}
+
+template <class Archive>
+void SkinFrictionAndTipResistanceSectionV5::Serialize(Archive& archive, std::size_t count) {
+    const auto guard = archive.BeginSection("SKIN FRICTION AND TIP RESISTANCE (T-Z/Q-Z) SECTION");
+    archive.CommentLine("*  Auto axial capacity calculations currently not supported by Kesta, dummy values used");
+    archive.RequiredParameter(DIAMP, "DIAMP", "Pile outside  diameter  for axial capacity calculations");
+    archive.RequiredParameter(WALL, "WALL", "Pile tip wall thickness for axial capacity calculations");
+    archive.RequiredParameter(ZTIP, "ZTIP", "Pile tip Z-level for axial capacity calculations");
+    archive.RequiredParameter(MATPIL, "MATPIL", "Pile wall material type : 1=steel 2=concrete");
+    archive.CommentLine("*  Calculation methods : 0=Given values  1=API-93  2=ICP-05  3=NGI-05");
+    archive.TableHeader("MAIN   CALC  SKINC  SKINC  SKINT  SKINT  SIGTIP SIGTIP   G0   TRES/  TZZRES");
+    archive.TableHeader("LAYER  METH   TOP    BOT    TOP    BOT     TOP   BOT    FACT  TMAX");
+    archive.RecordVector(records, count);
+}
+
+template void SkinFrictionAndTipResistanceSectionV5::Serialize(Importer&, std::size_t);
+template void SkinFrictionAndTipResistanceSectionV5::Serialize(Exporter&, std::size_t);
+
+bool operator==(const SkinFrictionAndTipResistanceSectionV5& left, const SkinFrictionAndTipResistanceSectionV5& right) {
+    return left.DIAMP == right.DIAMP && left.WALL == right.WALL && left.ZTIP == right.ZTIP &&
+           left.MATPIL == right.MATPIL && left.records == right.records;
+}
+
+bool operator!=(const SkinFrictionAndTipResistanceSectionV5& left, const SkinFrictionAndTipResistanceSectionV5& right) {
+    return !(left == right);
+}
+
+}  // namespace TerrixExchange
