@@ -29,8 +29,11 @@ class SpiritExporter {
 public:
     TERRIX_ALLOCATION_OPERATORS
 
-    // Nothing to save: a section's guard on export.
-    struct SectionGuard {};
+    // Nothing to save: a section's guard on export. (Its own destructor
+    // marks it as used where a section holds it.)
+    struct SectionGuard {
+        ~SectionGuard() {}
+    };
     struct Position {};
 
     SpiritExporter(OutputIterator sink, int columnWidth,

@@ -1,18 +1,44 @@
 #pragma once
 
-// PLACEHOLDER: to be replaced by the section's real class.
-#include <cstddef>
 #include <vector>
 
+#include <TerrixPlatform/AllocationCallbacks/AllocationCallbacks.h>
 #include <TerrixPlatform/Units/Runtime/Quantity.h>
 
 namespace TerrixExchange {
 
+// "LOADS AT SOIL SURFACE SECTION": loads on the soil surface that raise the
+// vertical stress in the soil: a uniform stress, an embankment, a circular
+// loaded area around the pile and vertical point forces. The same lines in
+// every version.
 class LoadsAtSoilSurfaceSection {
 public:
+    TERRIX_ALLOCATION_OPERATORS
+
+    // The file's NUMFRC is not kept: it is the number of point forces, and
+    // the file gives as many distances. Both vectors are to have the same
+    // length when the section is written.
     template <class Archive>
-    void Serialize(Archive& archive) {}
-    
+    void Serialize(Archive& archive);
+
+    // Vertical stress at the surface.
+    Units::Runtime::Quantity<Units::Runtime::ForcePerUnitAreaPhenomenon> SIGSRF;
+    // Embankment: the vertical stress under it, the width A of its sloping
+    // part, and the pile's position from its toe (positive outside).
+    Units::Runtime::Quantity<Units::Runtime::ForcePerUnitAreaPhenomenon> DPEMB;
+    Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon> AEMB;
+    Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon> BEMB;
+    // Circular loaded area with the pile in its centre: the vertical stress
+    // under it and its radius.
+    Units::Runtime::Quantity<Units::Runtime::ForcePerUnitAreaPhenomenon> DPCIRC;
+    Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon> RADIUS;
+    // Vertical point forces and their horizontal distances to the pile axis,
+    // one distance per force.
+    std::vector<Units::Runtime::Quantity<Units::Runtime::ForcePhenomenon>> pointForces;
+    std::vector<Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>> distances;
 };
+
+bool operator==(const LoadsAtSoilSurfaceSection& left, const LoadsAtSoilSurfaceSection& right);
+bool operator!=(const LoadsAtSoilSurfaceSection& left, const LoadsAtSoilSurfaceSection& right);
 
 }  // namespace TerrixExchange

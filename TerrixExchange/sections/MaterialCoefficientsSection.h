@@ -1,18 +1,26 @@
 #pragma once
 
-// PLACEHOLDER: to be replaced by the section's real class.
-#include <cstddef>
-#include <vector>
-
-#include <TerrixPlatform/Units/Runtime/Quantity.h>
+#include <TerrixPlatform/AllocationCallbacks/AllocationCallbacks.h>
 
 namespace TerrixExchange {
 
+// "MATERIAL COEFFICIENTS SECTION": the four material (safety) coefficients of
+// the profile. They are plain factors and are never unit-converted. A new
+// profile holds 1.0 in each, the coefficient that leaves a value as it is.
 class MaterialCoefficientsSection {
 public:
+    TERRIX_ALLOCATION_OPERATORS
+
     template <class Archive>
-    void Serialize(Archive& archive) {}
-    
+    void Serialize(Archive& archive);
+
+    double SFTPHI = 1.0;  // on tan(phi)
+    double SFSU = 1.0;    // on the undrained shear strength
+    double SFSKF = 1.0;   // on the pile skin friction
+    double SFSIGT = 1.0;  // on the pile tip resistance
 };
+
+bool operator==(const MaterialCoefficientsSection& left, const MaterialCoefficientsSection& right);
+bool operator!=(const MaterialCoefficientsSection& left, const MaterialCoefficientsSection& right);
 
 }  // namespace TerrixExchange

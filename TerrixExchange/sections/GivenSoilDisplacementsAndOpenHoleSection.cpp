@@ -1,0 +1,47 @@
+#include <TerrixExchange/sections/GivenSoilDisplacementsAndOpenHoleSection.h>
+
+#include <TerrixExchange/archive/SpiritExporter.h>
+#include <TerrixExchange/archive/SpiritImporter.h>
+
+namespace TerrixExchange {
+
+template <class Archive>
+void GivenSoilDisplacementsAndOpenHoleSectionRecord::Serialize(Archive& archive) {
+    archive.Row(ZLEV, DSP_X, DSP_Y, DSP_Z, HOLE_DIAM);
+}
+
+template void GivenSoilDisplacementsAndOpenHoleSectionRecord::Serialize(Importer&);
+template void GivenSoilDisplacementsAndOpenHoleSectionRecord::Serialize(Exporter&);
+
+template <class Archive>
+void GivenSoilDisplacementsAndOpenHoleSection::Serialize(Archive& archive, std::size_t count) {
+    const auto guard = archive.BeginSection("GIVEN SOIL DISPLACEMENTS AND OPEN HOLE SECTION");
+    archive.TableHeader("ZLEV  DSP-X  DSP-Y  DSP-Z  HOLE-DIAM");
+    archive.RecordVector(records, count);
+}
+
+template void GivenSoilDisplacementsAndOpenHoleSection::Serialize(Importer&, std::size_t);
+template void GivenSoilDisplacementsAndOpenHoleSection::Serialize(Exporter&, std::size_t);
+
+bool operator==(const GivenSoilDisplacementsAndOpenHoleSectionRecord& left,
+                const GivenSoilDisplacementsAndOpenHoleSectionRecord& right) {
+    return left.ZLEV == right.ZLEV && left.DSP_X == right.DSP_X && left.DSP_Y == right.DSP_Y &&
+           left.DSP_Z == right.DSP_Z && left.HOLE_DIAM == right.HOLE_DIAM;
+}
+
+bool operator!=(const GivenSoilDisplacementsAndOpenHoleSectionRecord& left,
+                const GivenSoilDisplacementsAndOpenHoleSectionRecord& right) {
+    return !(left == right);
+}
+
+bool operator==(const GivenSoilDisplacementsAndOpenHoleSection& left,
+                const GivenSoilDisplacementsAndOpenHoleSection& right) {
+    return left.records == right.records;
+}
+
+bool operator!=(const GivenSoilDisplacementsAndOpenHoleSection& left,
+                const GivenSoilDisplacementsAndOpenHoleSection& right) {
+    return !(left == right);
+}
+
+}  // namespace TerrixExchange

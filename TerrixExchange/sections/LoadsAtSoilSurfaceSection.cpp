@@ -1,0 +1,39 @@
+#include <TerrixExchange/sections/LoadsAtSoilSurfaceSection.h>
+
+#include <TerrixExchange/archive/SpiritExporter.h>
+#include <TerrixExchange/archive/SpiritImporter.h>
+
+namespace TerrixExchange {
+
+template <class Archive>
+void LoadsAtSoilSurfaceSection::Serialize(Archive& archive) {
+    const auto guard = archive.BeginSection("LOADS AT SOIL SURFACE SECTION");
+    archive.RequiredParameter(SIGSRF, "SIGSRF", "VERTICAL STRESS AT SURFACE");
+    archive.RequiredParameter(DPEMB, "DPEMB", "VERTICAL STRESS UNDER EMBANKMENT LOADING");
+    archive.RequiredParameter(AEMB, "AEMB", "WIDTH A OF EMBANKMENT SLOPING PART");
+    archive.RequiredParameter(BEMB, "BEMB", "PILE POSITION W.R.T. EMBANKMENT TOE (POSITIVE OUTSIDE)");
+    archive.RequiredParameter(DPCIRC, "DPCIRC", "VERTICAL STRESS UNDER CIRCULAR LOADED AREA");
+    archive.RequiredParameter(RADIUS, "RADIUS", "RADIUS OF CIRCULAR LOADED AREA (PILE IS IN CENTER)");
+    int NUMFRC = static_cast<int>(pointForces.size());
+    archive.RequiredParameter(NUMFRC, "NUMFRC", "NUMBER OF VERTICAL POINT FORCES AT SOIL SURFACE");
+    // Each vector has a line of its own even when NUMFRC is 0: the generator
+    // reads one line per vector whatever its length.
+    const std::size_t count = NUMFRC > 0 ? static_cast<std::size_t>(NUMFRC) : 0;
+    archive.Vector(pointForces, count, "POINT FORCE VALUES");
+    archive.Vector(distances, count, "HORIZONTAL DISTANCE TO PILE AXIS");
+}
+
+template void LoadsAtSoilSurfaceSection::Serialize(Importer&);
+template void LoadsAtSoilSurfaceSection::Serialize(Exporter&);
+
+bool operator==(const LoadsAtSoilSurfaceSection& left, const LoadsAtSoilSurfaceSection& right) {
+    return left.SIGSRF == right.SIGSRF && left.DPEMB == right.DPEMB && left.AEMB == right.AEMB &&
+           left.BEMB == right.BEMB && left.DPCIRC == right.DPCIRC && left.RADIUS == right.RADIUS &&
+           left.pointForces == right.pointForces && left.distances == right.distances;
+}
+
+bool operator!=(const LoadsAtSoilSurfaceSection& left, const LoadsAtSoilSurfaceSection& right) {
+    return !(left == right);
+}
+
+}  // namespace TerrixExchange

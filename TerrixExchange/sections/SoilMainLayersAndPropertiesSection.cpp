@@ -1,0 +1,95 @@
+#include <TerrixExchange/sections/SoilMainLayersAndPropertiesSection.h>
+
+#include <algorithm>
+#include <string>
+
+#include <TerrixExchange/archive/ImportError.h>
+#include <TerrixExchange/archive/SpiritExporter.h>
+#include <TerrixExchange/archive/SpiritImporter.h>
+#include <TerrixExchange/document/Version.h>
+
+namespace TerrixExchange {
+
+namespace {
+
+const int layoutWithoutAK = static_cast<int>(Revision::WithoutAK);
+const int layoutWithAK = static_cast<int>(Revision::WithAK);
+
+}  // namespace
+
+template <class Archive>
+void SoilMainLayersAndPropertiesSectionRecord::Serialize(Archive& archive, bool withAK) {
+    // Eight columns of ten fill the 80 columns of a line.
+    archive.Row(MAIN, ZBOTM, GAMTOT, CPTTOP, CPTBOT, PHI, DR, SUTOP);
+    if (withAK)
+        archive.Row(SUBOT, IP, EPSC, API_J, AK);
+    else
+        archive.Row(SUBOT, IP, EPSC, API_J);
+}
+
+template void SoilMainLayersAndPropertiesSectionRecord::Serialize(Importer&, bool);
+template void SoilMainLayersAndPropertiesSectionRecord::Serialize(Exporter&, bool);
+
+template <class Archive>
+void SoilMainLayersAndPropertiesSection::SerializeTable(Archive& archive, std::size_t count) {
+    const bool hasAK = layoutRevision != layoutWithoutAK;
+    const std::string header = "MAIN  ZBOTM GAMTOT CPTTOP CPTBOT  PHI   DR  SUTOP  SUBOT   IP   EPSC  API-J";
+    archive.TableHeader(hasAK ? header + "  AK" : header);
+    archive.TableHeader("LAYER");
+    archive.RecordVector(records, count, hasAK);
+}
+
+template <class Archive>
+void SoilMainLayersAndPropertiesSection::Serialize(Archive& archive, std::size_t count) {
+    const auto guard = archive.BeginSection("SOIL MAIN LAYERS AND PROPERTIES SECTION");
+    if (layoutRevision != layoutWithoutAK) {
+        // Files come in both layouts: the table is read with AK when the text
+        // has that column, and read again without it when not. Writing never
+        // fails, so an export keeps the layout with AK.
+        layoutRevision = layoutWithAK;
+        const auto start = archive.GetPosition();
+        try {
+            SerializeTable(archive, count);
+            return;
+        } catch (const ImportError&) {
+            archive.SetPosition(start);
+            layoutRevision = layoutWithoutAK;
+        }
+    }
+    // When the table does not read without AK either, this is the error
+    // that the caller sees.
+    SerializeTable(archive, count);
+}
+
+template void SoilMainLayersAndPropertiesSection::Serialize(Importer&, std::size_t);
+template void SoilMainLayersAndPropertiesSection::Serialize(Exporter&, std::size_t);
+
+SoilMainLayersAndPropertiesSection::const_iterator SoilMainLayersAndPropertiesSection::FindLayer(
+    const Layer& layer) const {
+    return std::find_if(records.begin(), records.end(), [&](const SoilMainLayersAndPropertiesSectionRecord& record) {
+        return record.MAIN == layer.mainLayer;
+    });
+}
+
+bool operator==(const SoilMainLayersAndPropertiesSectionRecord& left,
+                const SoilMainLayersAndPropertiesSectionRecord& right) {
+    return left.MAIN == right.MAIN && left.ZBOTM == right.ZBOTM && left.GAMTOT == right.GAMTOT &&
+           left.CPTTOP == right.CPTTOP && left.CPTBOT == right.CPTBOT && left.PHI == right.PHI &&
+           left.DR == right.DR && left.SUTOP == right.SUTOP && left.SUBOT == right.SUBOT && left.IP == right.IP &&
+           left.EPSC == right.EPSC && left.API_J == right.API_J && left.AK == right.AK;
+}
+
+bool operator!=(const SoilMainLayersAndPropertiesSectionRecord& left,
+                const SoilMainLayersAndPropertiesSectionRecord& right) {
+    return !(left == right);
+}
+
+bool operator==(const SoilMainLayersAndPropertiesSection& left, const SoilMainLayersAndPropertiesSection& right) {
+    return left.records == right.records && left.layoutRevision == right.layoutRevision;
+}
+
+bool operator!=(const SoilMainLayersAndPropertiesSection& left, const SoilMainLayersAndPropertiesSection& right) {
+    return !(left == right);
+}
+
+}  // namespace TerrixExchange

@@ -1,0 +1,36 @@
+#include <TerrixExchange/sections/SoilSurfaceAndGroundWaterSection.h>
+
+#include <TerrixExchange/archive/SpiritExporter.h>
+#include <TerrixExchange/archive/SpiritImporter.h>
+#include <TerrixExchange/sections/ControlSection.h>
+
+namespace TerrixExchange {
+
+// The ground water of a new profile is the water of its control section.
+SoilSurfaceAndGroundWaterSection::SoilSurfaceAndGroundWaterSection() : GAMPWP(ControlSection().GAMMAW) {}
+
+template <class Archive>
+void SoilSurfaceAndGroundWaterSection::Serialize(Archive& archive) {
+    const auto guard = archive.BeginSection("SOIL SURFACE AND GROUND WATER SECTION");
+    archive.RequiredParameter(ZSURF, "ZSURF", "Z-LEVEL OF NON-SCOURED SOIL SURFACE");
+    archive.RequiredParameter(SCRGEN, "SCRGEN", "DEPTH OF GENERAL SCOUR BELOW ZSURF");
+    archive.RequiredParameter(SCRLOC, "SCRLOC", "DEPTH OF LOCAL SCOUR BELOW ZSURF");
+    archive.RequiredParameter(SLOPE, "SLOPE", "SIDE SLOPE (DEGREES) OF LOCAL SCOUR HOLES");
+    archive.RequiredParameter(ZGRWT, "ZGRWT", "Z-LEVEL OF GROUND WATER TABLE");
+    // "PRSS" is how the file has always spelt it.
+    archive.RequiredParameter(GAMPWP, "GAMPWP", "UNIT WEIGHT OF GROUND WATER (USED TO FIND PORE WATER PRSS)");
+}
+
+template void SoilSurfaceAndGroundWaterSection::Serialize(Importer&);
+template void SoilSurfaceAndGroundWaterSection::Serialize(Exporter&);
+
+bool operator==(const SoilSurfaceAndGroundWaterSection& left, const SoilSurfaceAndGroundWaterSection& right) {
+    return left.ZSURF == right.ZSURF && left.SCRGEN == right.SCRGEN && left.SCRLOC == right.SCRLOC &&
+           left.SLOPE == right.SLOPE && left.ZGRWT == right.ZGRWT && left.GAMPWP == right.GAMPWP;
+}
+
+bool operator!=(const SoilSurfaceAndGroundWaterSection& left, const SoilSurfaceAndGroundWaterSection& right) {
+    return !(left == right);
+}
+
+}  // namespace TerrixExchange
