@@ -374,7 +374,7 @@ TEST(Archive, NumbersInTheFormsAFortranProgramWrites) {
     });
     // Not numbers: a number glued to text, two points, an exponent without
     // digits, a value out of range.
-    for (const std::string& text : {"1.0ABC\n", "1.2.3\n", "1e\n", "1e400\n", "0x10\n"}) {
+    for (const char* text : {"1.0ABC\n", "1.2.3\n", "1e\n", "1e400\n", "0x10\n"}) {
         SCOPED_TRACE(text);
         EXPECT_THROW(ReadText(text, [](Importer& importer) {
                          std::vector<double> values;

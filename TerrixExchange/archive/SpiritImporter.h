@@ -141,11 +141,11 @@ public:
     void Row(Fields&&... fields);
     // `size` values over one or more lines; on the line of the last value any
     // text that is not a number is the vector's comment.
-    void Vector(std::vector<double>& values, std::size_t size, const std::string& comment) {
+    void Vector(std::vector<double>& values, std::size_t size, const std::string& /*comment*/) {
         ReadVector(values, size, Units::Runtime::DynamicDimension{});
     }
     template <class Phenomenon>
-    void Vector(DimensionedVector<Phenomenon> values, std::size_t size, const std::string& comment) {
+    void Vector(DimensionedVector<Phenomenon> values, std::size_t size, const std::string& /*comment*/) {
         ReadVector(values.values, size, Phenomenon::dimension);
     }
     template <class Phenomenon>

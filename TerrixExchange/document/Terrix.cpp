@@ -5,6 +5,7 @@
 #include <limits>
 #include <ostream>
 
+#include <TerrixExchange/document/WhiteSpaceKept.h>
 #include <TerrixPlatform/Units/Runtime/FastUnitConverter.h>
 
 namespace TerrixExchange {
@@ -12,22 +13,6 @@ namespace TerrixExchange {
 using namespace Units::Runtime;
 
 namespace {
-
-// Clears a stream's skipping of white space, so that blanks and line breaks
-// reach the parsers, and gives the caller its flag back afterwards.
-class WhiteSpaceKept {
-public:
-    explicit WhiteSpaceKept(std::istream& stream) : stream_(stream), flags_(stream.flags()) {
-        stream_.unsetf(std::ios::skipws);
-    }
-    WhiteSpaceKept(const WhiteSpaceKept&) = delete;
-    WhiteSpaceKept& operator=(const WhiteSpaceKept&) = delete;
-    ~WhiteSpaceKept() { stream_.flags(flags_); }
-
-private:
-    std::istream& stream_;
-    std::ios::fmtflags flags_;
-};
 
 // A count of the file read as a number of records to read: a negative count
 // reads none.

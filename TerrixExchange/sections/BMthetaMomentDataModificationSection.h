@@ -1,18 +1,56 @@
 #pragma once
 
-// PLACEHOLDER: to be replaced by the section's real class.
 #include <cstddef>
-#include <vector>
+#include <tuple>
 
-#include <TerrixPlatform/Units/Runtime/Quantity.h>
+#include <TerrixExchange/sections/ModificationSection.h>
 
 namespace TerrixExchange {
 
-class BMthetaMomentDataModificationSection {
+// The factors of one BM-theta (base moment) modification row, in column order.
+// Default-built, and as defaultModification, it is the identity modification.
+struct BMThetaModification : ModificationFactors<BMThetaModification> {
+    TERRIX_ALLOCATION_OPERATORS
+
+    static const BMThetaModification defaultModification;
+
+    double BM_FCT = 1.0;     // factor on the BM values
+    double THETA_FCT = 1.0;  // factor on the THETA values
+
+    template <class Self>
+    static auto Factors(Self& modification) {
+        return std::tie(modification.BM_FCT, modification.THETA_FCT);
+    }
+};
+
+inline const BMThetaModification BMThetaModification::defaultModification{};
+
+// "BM-THETA (BASE MOMENT) DATA MODIFICATION SECTION".
+struct BMThetaModificationRows {
+    TERRIX_ALLOCATION_OPERATORS
+
+    using Modification = BMThetaModification;
+    static constexpr const char* title = "BM-THETA (BASE MOMENT) DATA MODIFICATION SECTION";
+    static constexpr const char* header = "LAY1   LAY2   DIAM   BM-FCT THETA-FCT";
+    // The rows are written in the archive's column width.
+    static constexpr int columnWidth = 0;
+    // A layer and diameter without a row keeps its curve as it is.
+    static constexpr const char* missingModification = nullptr;
+};
+
+using BMthetaMomentDataModificationSectionRecord = BasicModificationSectionRecord<BMThetaModificationRows>;
+
+class BMthetaMomentDataModificationSection : public BasicModificationSection<BMThetaModificationRows> {
 public:
+    TERRIX_ALLOCATION_OPERATORS
+
+    // The first row that covers the layer, whatever its diameter.
+    using BasicModificationSection::GetModificationForLayer;
+
+    // Read and written only when the control section gives the count of its
+    // manual section, right after that section.
     template <class Archive>
-    void Serialize(Archive& archive) {}
-    
+    void Serialize(Archive& archive);
 };
 
 }  // namespace TerrixExchange

@@ -1,0 +1,98 @@
+#include <TerrixExchange/document/TerrixMultipleSoilProfiles.h>
+
+#include <istream>
+#include <ostream>
+#include <stdexcept>
+#include <utility>
+
+#include <TerrixExchange/document/WhiteSpaceKept.h>
+
+namespace TerrixExchange {
+
+using namespace Units::Runtime;
+
+void TerrixMultipleSoilProfiles::AddSoilProfile(const Terrix& profile) { profiles_.push_back(profile); }
+
+const Terrix* TerrixMultipleSoilProfiles::TryGetSoilProfile(const std::string& name) const {
+    for (const Terrix& profile : profiles_)
+        if (profile.GetTerrixInputData().controlSection.profileName == name) return &profile;
+    return nullptr;
+}
+
+const Terrix* TerrixMultipleSoilProfiles::TryGetSoilProfile(std::size_t index) const {
+    return index < profiles_.size() ? &profiles_[index] : nullptr;
+}
+
+std::vector<std::string> TerrixMultipleSoilProfiles::GetSoilProfileNames() const {
+    std::vector<std::string> names;
+    names.reserve(profiles_.size());
+    for (const Terrix& profile : profiles_) names.push_back(profile.GetTerrixInputData().controlSection.profileName);
+    return names;
+}
+
+void TerrixMultipleSoilProfiles::Import(std::istream& stream) { ReadProfiles(stream, boost::none); }
+
+void TerrixMultipleSoilProfiles::Import(std::istream& stream, const std::string& forceUnit,
+                                        const std::string& lengthUnit) {
+    ReadProfiles(stream, UnitSystem(forceUnit, lengthUnit));
+}
+
+void TerrixMultipleSoilProfiles::ReadProfiles(std::istream& stream, const boost::optional<UnitSystem>& units) {
+    WhiteSpaceKept whiteSpace(stream);
+    Importer importer(StreamIterator(stream), StreamIterator(), units ? *units : GetDatabaseUnitSystem(), true);
+    for (;;) {
+        // Every profile starts with titles read by their words; the profile
+        // before has left the importer reading them by their exact spelling.
+        importer.SetTitleMode(true);
+        const Importer::Position start = importer.GetPosition();
+        try {
+            Terrix profile(Version::Unknown, Revision::Unsettled);
+            if (units) {
+                profile.unitSystem_ = *units;
+            } else {
+                // The start of the profile is read twice: once as it stands,
+                // to deduce its units from the control section, then from its
+                // first line again in those units.
+                importer.SetUnitSystem(GetDatabaseUnitSystem());
+                std::string forceUnit;
+                std::string lengthUnit;
+                if (!Terrix::TryDeduceUnits(importer, forceUnit, lengthUnit))
+                    throw std::runtime_error("Unable to deduce units");
+                profile.unitSystem_ = UnitSystem(forceUnit, lengthUnit);
+                importer.SetUnitSystem(profile.unitSystem_);
+                importer.SetPosition(start);
+            }
+            profile.ReadProfile(importer);
+            profiles_.push_back(std::move(profile));
+            if (importer.EndOfProfiles()) return;
+            importer.BlankLine();
+            importer.ProfileMarker();
+        } catch (...) {
+            // Whatever fails, the importer stands at the start of the profile
+            // that failed: a stream that breaks off inside a profile is an
+            // error, never a shorter stream of good profiles.
+            importer.SetPosition(start);
+            throw;
+        }
+    }
+}
+
+void TerrixMultipleSoilProfiles::Export(std::ostream& stream, const UnitSystem& units,
+                                        std::list<std::string> headerLines) {
+    for (std::size_t i = 0; i < profiles_.size(); ++i) {
+        if (i != 0) {
+            Exporter marker(StreamSink(stream), 10, boost::none);
+            marker.BlankLine();
+            marker.ProfileMarker();
+        }
+        profiles_[i].Export(stream, units, headerLines, i + 1 == profiles_.size());
+        headerLines.clear();
+    }
+}
+
+void TerrixMultipleSoilProfiles::Export(std::ostream& stream, const std::string& forceUnit,
+                                        const std::string& lengthUnit, const std::list<std::string>& headerLines) {
+    Export(stream, UnitSystem(forceUnit, lengthUnit), headerLines);
+}
+
+}  // namespace TerrixExchange

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <cstddef>
+#include <iosfwd>
+#include <list>
+#include <string>
+#include <vector>
+
+#include <TerrixExchange/document/Terrix.h>
+#include <TerrixPlatform/AllocationCallbacks/AllocationCallbacks.h>
+#include <TerrixPlatform/Units/Runtime/UnitSystem.h>
+
+namespace TerrixExchange {
+
+// Several soil profiles in one stream, one after another, each a complete
+// TERRIX profile. Between two profiles stand an empty line and the marker
+// line "### New soil profile"; the header lines are written before the first
+// profile only and the end line "END OF TERRIX INPUT FILE" after the last.
+// A profile is known by the name in its control section (version 5).
+class TerrixMultipleSoilProfiles {
+public:
+    TERRIX_ALLOCATION_OPERATORS
+
+    // Appends a copy of the profile.
+    void AddSoilProfile(const Terrix& profile);
+
+    // The first profile whose name is exactly `name` (case and blanks
+    // count); null when there is none. A version 4 profile has no name, so
+    // "" finds the first of them.
+    const Terrix* TryGetSoilProfile(const std::string& name) const;
+    // The profile at `index`; null past the last one.
+    const Terrix* TryGetSoilProfile(std::size_t index) const;
+
+    const std::vector<Terrix>& GetSoilProfiles() const { return profiles_; }
+    // The names of all profiles in stream order, empty and repeated ones
+    // included.
+    std::vector<std::string> GetSoilProfileNames() const;
+
+    // Reads the profiles of the stream and appends them to those held, the
+    // units of each deduced from its control section's unit weight of water
+    // and atmospheric pressure. Reading ends without error at the end of the
+    // input after a complete profile (its end line, empty lines and comment
+    // lines may follow). Anything else that is not a profile or a marker is
+    // an ImportError; a profile whose units cannot be deduced is the
+    // std::runtime_error "Unable to deduce units". The profiles read before
+    // an error stay appended.
+    void Import(std::istream& stream);
+    // The same, with every profile's values in the named units.
+    void Import(std::istream& stream, const std::string& forceUnit, const std::string& lengthUnit);
+
+    // Writes every profile with its values in `units`. An empty container
+    // writes nothing at all.
+    void Export(std::ostream& stream, const Units::Runtime::UnitSystem& units, std::list<std::string> headerLines);
+    void Export(std::ostream& stream, const std::string& forceUnit, const std::string& lengthUnit,
+                const std::list<std::string>& headerLines);
+
+private:
+    // Reads profiles until the end of the input; `units` names the units of
+    // every profile, or, when empty, they are deduced profile by profile.
+    void ReadProfiles(std::istream& stream, const boost::optional<Units::Runtime::UnitSystem>& units);
+
+    std::vector<Terrix> profiles_;
+};
+
+}  // namespace TerrixExchange

@@ -1,0 +1,16 @@
+#include <TerrixExchange/sections/BMthetaMomentDataModificationSection.h>
+
+#include <TerrixExchange/archive/SpiritExporter.h>
+#include <TerrixExchange/archive/SpiritImporter.h>
+
+namespace TerrixExchange {
+
+template <class Archive>
+void BMthetaMomentDataModificationSection::Serialize(Archive& archive) {
+    SerializeSection(archive);
+}
+
+template void BMthetaMomentDataModificationSection::Serialize(Importer&);
+template void BMthetaMomentDataModificationSection::Serialize(Exporter&);
+
+}  // namespace TerrixExchange

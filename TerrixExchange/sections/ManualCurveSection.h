@@ -1,0 +1,123 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <stdexcept>
+#include <vector>
+
+#include <TerrixExchange/archive/ArchiveFields.h>
+#include <TerrixExchange/sections/ManualCurve.h>
+#include <TerrixPlatform/AllocationCallbacks/AllocationCallbacks.h>
+#include <TerrixPlatform/Units/Runtime/Quantity.h>
+
+namespace TerrixExchange {
+
+// The six manual curve sections (P-Y, T-Z, Q-Z, M-theta, BS-Y, BM-theta) give
+// curves point by point where a layer's curve code is 000 (manual). They share
+// one layout and one lookup; a Kind tells them apart:
+//
+//   struct Kind {
+//       static constexpr const char* title;         // the section's title line
+//       static constexpr const char* header;        // its column header line
+//       static constexpr const char* missingCurve;  // GetManualCurve finds none
+//       using Resistance = ...Phenomenon;           // the values of line 1
+//       using Displacement = ...Phenomenon;         // the values of line 2
+//       using Curve = ...;                          // what GetManualCurve gives
+//   };
+//
+// A record is one curve for one layer and one pile diameter, on three lines:
+//
+//   LAY DIAM NUMPNT
+//   NUMPNT resistances (line 1)
+//   NUMPNT displacements (line 2)
+//
+// Each value line is a vector that may wrap over several lines. NUMPNT is not
+// kept apart: it is the number of points of the curve.
+template <class Kind>
+class BasicManualCurveSectionRecord {
+public:
+    TERRIX_ALLOCATION_OPERATORS
+
+    template <class Archive>
+    void Serialize(Archive& archive) {
+        int NUMPNT = static_cast<int>(resistances.size());
+        archive.Row(LAY, DIAM, NUMPNT);
+        const std::size_t points = NUMPNT > 0 ? static_cast<std::size_t>(NUMPNT) : 0;
+        archive.Vector(AsQuantity<typename Kind::Resistance>(resistances), points, "");
+        archive.Vector(AsQuantity<typename Kind::Displacement>(displacements), points, "");
+    }
+
+    // The layer (numbered from 1 at the top) and the pile diameter of the curve.
+    int LAY = 0;
+    Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon> DIAM;
+    // Line 1 and line 2, point by point, in database units; equally long.
+    std::vector<double> resistances;
+    std::vector<double> displacements;
+
+    friend bool operator==(const BasicManualCurveSectionRecord& left, const BasicManualCurveSectionRecord& right) {
+        return left.LAY == right.LAY && left.DIAM == right.DIAM && left.resistances == right.resistances &&
+               left.displacements == right.displacements;
+    }
+    friend bool operator!=(const BasicManualCurveSectionRecord& left, const BasicManualCurveSectionRecord& right) {
+        return !(left == right);
+    }
+};
+
+template <class Kind>
+class BasicManualCurveSection {
+public:
+    TERRIX_ALLOCATION_OPERATORS
+
+    using Record = BasicManualCurveSectionRecord<Kind>;
+    using Curve = typename Kind::Curve;
+
+    // The curve of the first record, in file order, given for exactly this
+    // layer and this diameter (no tolerance; 0 is a diameter like any other).
+    // A displacement given twice keeps the resistance of its later point.
+    // Throws std::runtime_error with the kind's message when there is none.
+    Curve GetManualCurve(int layer, const Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>& diameter) const {
+        const Record* record = FindRecord(layer, diameter);
+        if (record == nullptr) throw std::runtime_error(Kind::missingCurve);
+        Curve curve;
+        const std::size_t points = std::min(record->resistances.size(), record->displacements.size());
+        for (std::size_t i = 0; i < points; ++i) curve.points[record->displacements[i]] = record->resistances[i];
+        return curve;
+    }
+
+    // The curves in file order.
+    std::vector<Record> records;
+
+    friend bool operator==(const BasicManualCurveSection& left, const BasicManualCurveSection& right) {
+        return left.records == right.records;
+    }
+    friend bool operator!=(const BasicManualCurveSection& left, const BasicManualCurveSection& right) {
+        return !(left == right);
+    }
+
+protected:
+    // Whether GetManualCurve finds a curve. The sections whose curves are
+    // taken wherever the file gives one (M-theta, BS-Y, BM-theta) make it
+    // public; the others take a curve only where the layer's code says manual.
+    bool HasManualCurve(int layer, const Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>& diameter) const {
+        return FindRecord(layer, diameter) != nullptr;
+    }
+
+    // The title, the column header and `count` curves: the file holds no
+    // count of its own, the profile tells how many curves follow.
+    template <class Archive>
+    void SerializeSection(Archive& archive, std::size_t count) {
+        const auto guard = archive.BeginSection(Kind::title);
+        archive.TableHeader(Kind::header);
+        archive.RecordVector(records, count);
+    }
+
+private:
+    const Record* FindRecord(int layer,
+                             const Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>& diameter) const {
+        for (const Record& record : records)
+            if (record.LAY == layer && record.DIAM == diameter) return &record;
+        return nullptr;
+    }
+};
+
+}  // namespace TerrixExchange

@@ -1,0 +1,153 @@
+#pragma once
+
+#include <cstddef>
+#include <stdexcept>
+#include <tuple>
+#include <vector>
+
+#include <boost/optional.hpp>
+
+#include <TerrixExchange/sections/ModificationSectionRecord.h>
+#include <TerrixPlatform/AllocationCallbacks/AllocationCallbacks.h>
+#include <TerrixPlatform/Units/Runtime/Quantity.h>
+
+namespace TerrixExchange {
+
+// The factors of a modification struct (PyModification and the others), in
+// the order of their columns. A struct lists them once, in
+//   template <class Self> static auto Factors(Self& modification)
+// returning std::tie of its factors; reading, writing and comparing all go
+// through that list. Comparison is exact.
+template <class Modification>
+struct ModificationFactors {
+    TERRIX_ALLOCATION_OPERATORS
+
+    friend bool operator==(const Modification& left, const Modification& right) {
+        return Modification::Factors(left) == Modification::Factors(right);
+    }
+    friend bool operator!=(const Modification& left, const Modification& right) { return !(left == right); }
+};
+
+// The six modification sections (P-Y, T-Z, Q-Z, M-theta, BS-Y, BM-theta)
+// scale the curves of chosen layers and pile diameters. They share one layout
+// and one lookup; a Kind tells them apart:
+//
+//   struct Kind {
+//       using Modification = ...;                          // the row's factors
+//       static constexpr const char* title;                // the title line
+//       static constexpr const char* header;               // the column header
+//       static constexpr int columnWidth;                  // 0: the archive's
+//       static constexpr const char* missingModification;  // nullptr: defaults
+//   };
+//
+// A row is LAY1 LAY2 DIAM and the factors, on one line.
+template <class Kind>
+class BasicModificationSectionRecord : public ModificationSectionRecord {
+public:
+    TERRIX_ALLOCATION_OPERATORS
+
+    using Modification = typename Kind::Modification;
+
+    Modification GetModification() const { return modification; }
+
+    template <class Archive>
+    void Serialize(Archive& archive) {
+        const ColumnWidthScope<Archive> width(archive, Kind::columnWidth);
+        std::apply([&](auto&... factors) { archive.Row(LAY1, LAY2, DIAM, factors...); },
+                   Modification::Factors(modification));
+    }
+
+    Modification modification;
+
+    friend bool operator==(const BasicModificationSectionRecord& left, const BasicModificationSectionRecord& right) {
+        return static_cast<const ModificationSectionRecord&>(left) == right &&
+               left.modification == right.modification;
+    }
+    friend bool operator!=(const BasicModificationSectionRecord& left, const BasicModificationSectionRecord& right) {
+        return !(left == right);
+    }
+
+private:
+    // Sets the exporter's column width for one row and gives the previous
+    // width back afterwards; a width of 0 keeps the archive's.
+    template <class Archive>
+    class ColumnWidthScope {
+    public:
+        TERRIX_ALLOCATION_OPERATORS
+
+        ColumnWidthScope(Archive& archive, int width) : archive_(archive), previous_(archive.GetColumnWidth()) {
+            if (width > 0) archive_.SetColumnWidth(width);
+        }
+        ColumnWidthScope(const ColumnWidthScope&) = delete;
+        ColumnWidthScope& operator=(const ColumnWidthScope&) = delete;
+        ~ColumnWidthScope() { archive_.SetColumnWidth(previous_); }
+
+    private:
+        Archive& archive_;
+        int previous_;
+    };
+};
+
+template <class Kind>
+class BasicModificationSection {
+public:
+    TERRIX_ALLOCATION_OPERATORS
+
+    using Record = BasicModificationSectionRecord<Kind>;
+    using Modification = typename Kind::Modification;
+
+    // How many (layer, diameter) pairs the rows cover together, in a profile
+    // of `layerCount` layers and `diameterCount` pile diameters; a pair that
+    // two rows cover counts twice.
+    std::size_t GetLayerCount(std::size_t layerCount, std::size_t diameterCount) const {
+        std::size_t count = 0;
+        for (const Record& record : records) count += record.GetLayerCount(layerCount, diameterCount);
+        return count;
+    }
+
+    // The factors of the first row, in file order, that covers the layer and
+    // the diameter. When none does, the P-Y, T-Z and Q-Z sections throw
+    // std::runtime_error ("Unable to find PY modifications" and so on): their
+    // curves are always modified, and rows "0 0 0.0" are how a file covers
+    // every layer and diameter. The M-theta, BS-Y and BM-theta sections give
+    // the identity factors instead, since their curves are rare.
+    Modification GetModification(int layer,
+                                 const Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>& diameter) const {
+        for (const Record& record : records)
+            if (record.HasLayer(layer) && record.HasDiameter(diameter)) return record.GetModification();
+        if constexpr (Kind::missingModification != nullptr) throw std::runtime_error(Kind::missingModification);
+        return Modification::defaultModification;
+    }
+
+    // The rows in file order.
+    std::vector<Record> records;
+
+    friend bool operator==(const BasicModificationSection& left, const BasicModificationSection& right) {
+        return left.records == right.records;
+    }
+    friend bool operator!=(const BasicModificationSection& left, const BasicModificationSection& right) {
+        return !(left == right);
+    }
+
+protected:
+    // The first row, in file order, that covers the layer, whatever its
+    // diameter: an all-layers row that stands before a row naming the layer
+    // wins. Empty when no row covers it. Made public by the sections that
+    // offer it (T-Z, M-theta, BS-Y, BM-theta).
+    boost::optional<Record> GetModificationForLayer(int layer) const {
+        for (const Record& record : records)
+            if (record.HasLayer(layer)) return record;
+        return boost::none;
+    }
+
+    // The title, the column header and the rows: the file holds no count, so
+    // rows are read as long as the next line starts with a number.
+    template <class Archive>
+    void SerializeSection(Archive& archive) {
+        const auto guard = archive.BeginSection(Kind::title);
+        archive.TableHeader(Kind::header);
+        archive.OpenRecordVector(records);
+    }
+};
+
+}  // namespace TerrixExchange

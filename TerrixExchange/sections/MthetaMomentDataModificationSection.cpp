@@ -1,0 +1,16 @@
+#include <TerrixExchange/sections/MthetaMomentDataModificationSection.h>
+
+#include <TerrixExchange/archive/SpiritExporter.h>
+#include <TerrixExchange/archive/SpiritImporter.h>
+
+namespace TerrixExchange {
+
+template <class Archive>
+void MthetaMomentDataModificationSection::Serialize(Archive& archive) {
+    SerializeSection(archive);
+}
+
+template void MthetaMomentDataModificationSection::Serialize(Importer&);
+template void MthetaMomentDataModificationSection::Serialize(Exporter&);
+
+}  // namespace TerrixExchange
