@@ -18,15 +18,21 @@ namespace {
 // field ends: at a blank, the end of the line or the end of the input.
 template <class Iterator>
 bool ParseNumberToken(Iterator& position, const Iterator& last, std::string& token) {
+    // Built once: the rule is a constant, and a rule compiles its parser
+    // once rather than at every number.
+    static const qi::rule<Iterator, std::string()> number = [] {
+        qi::rule<Iterator, std::string()> rule =
+            qi::raw[-qi::char_("+-") >>
+                    (((+qi::digit >> -(qi::char_('.') >> *qi::digit)) | (qi::char_('.') >> +qi::digit)) >>
+                         -(qi::char_("eEdD") >> -qi::char_("+-") >> +qi::digit) |
+                     qi::no_case[qi::lit("infinity") | "inf" | "nan"])] >>
+            &(qi::blank | qi::eol | qi::eoi);
+        rule.name("number");
+        return rule;
+    }();
     Iterator start = position;
-    const auto mantissa = qi::copy((+qi::digit >> -(qi::char_('.') >> *qi::digit)) | (qi::char_('.') >> +qi::digit));
-    const auto exponent = qi::copy(qi::char_("eEdD") >> -qi::char_("+-") >> +qi::digit);
-    const auto special = qi::copy(qi::no_case[qi::lit("infinity") | "inf" | "nan"]);
-    const auto fieldEnd = qi::copy(&(qi::blank | qi::eol | qi::eoi));
-    boost::iterator_range<Iterator> range;
-    if (!qi::parse(start, last, qi::raw[-qi::char_("+-") >> ((mantissa >> -exponent) | special)] >> fieldEnd, range))
-        return false;
-    token.assign(range.begin(), range.end());
+    token.clear();
+    if (!qi::parse(start, last, number, token)) return false;
     position = start;
     return true;
 }
@@ -41,29 +47,34 @@ void SkipBlanks(Iterator& position, const Iterator& last) {
 template <class Iterator>
 SpiritImporter<Iterator>::SpiritImporter(Iterator first, Iterator last, const Units::Runtime::UnitSystem& units,
                                          bool titleMode)
-    : skipRestOfLineName_("Skip the rest of the line"),
-      position_(first),
+    : position_(first),
       last_(last),
       units_(units),
       lineCounter_(1),
-      lineStart_(first),
       lineToReport_(1),
-      titleMode_(titleMode) {}
+      titleMode_(titleMode) {
+    StartLine();
+}
 
 template <class Iterator>
 void SpiritImporter<Iterator>::SetPosition(const Position& position) {
     position_ = position.position;
-    lineStart_ = position.lineStart;
+    currentLine_ = position.currentLine;
     lineCounter_ = position.lineCounter;
     lineToReport_ = position.lineToReport;
 }
 
 template <class Iterator>
 std::string SpiritImporter<Iterator>::CurrentLineText() const {
-    std::string text;
-    for (Iterator it = lineStart_; it != last_ && *it != '\n'; ++it) text += *it;
+    std::string text = currentLine_;
     if (!text.empty() && text.back() == '\r') text.pop_back();
     return text;
+}
+
+template <class Iterator>
+void SpiritImporter<Iterator>::StartLine() {
+    currentLine_.clear();
+    for (Iterator it = position_; it != last_ && *it != '\n'; ++it) currentLine_ += *it;
 }
 
 template <class Iterator>
@@ -73,8 +84,11 @@ void SpiritImporter<Iterator>::RaiseImportError(const std::string& message) cons
 
 template <class Iterator>
 void SpiritImporter<Iterator>::SkipRestOfLine() {
-    qi::rule<Iterator> skipRestOfLine = *(qi::char_ - qi::eol) >> (qi::eol | qi::eoi);
-    skipRestOfLine.name(skipRestOfLineName_);
+    static const qi::rule<Iterator> skipRestOfLine = [] {
+        qi::rule<Iterator> rule = *(qi::char_ - qi::eol) >> (qi::eol | qi::eoi);
+        rule.name("Skip the rest of the line");
+        return rule;
+    }();
     qi::parse(position_, last_, skipRestOfLine);
 }
 
@@ -90,7 +104,7 @@ void SpiritImporter<Iterator>::NextLine(bool skipComments) {
     SkipRestOfLine();
     ++lineCounter_;
     lineToReport_ = lineCounter_;
-    lineStart_ = position_;
+    StartLine();
     if (!skipComments) return;
     while (AtCommentLine()) {
         SkipRestOfLine();
@@ -171,7 +185,7 @@ void SpiritImporter<Iterator>::BlankLine() {
     position_ = it;
     ++lineCounter_;
     lineToReport_ = lineCounter_;
-    lineStart_ = position_;
+    StartLine();
 }
 
 template <class Iterator>

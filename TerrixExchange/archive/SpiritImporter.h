@@ -39,7 +39,7 @@ public:
     // Where the importer stands: enough to come back to it.
     struct Position {
         Iterator position;
-        Iterator lineStart;
+        std::string currentLine;
         std::uint64_t lineCounter;
         std::uint64_t lineToReport;
     };
@@ -74,7 +74,7 @@ public:
     bool GetTitleMode() const { return titleMode_; }
     void SetTitleMode(bool titleMode) { titleMode_ = titleMode; }
     std::uint64_t GetLineCounter() const { return lineCounter_; }
-    Position GetPosition() const { return Position{position_, lineStart_, lineCounter_, lineToReport_}; }
+    Position GetPosition() const { return Position{position_, currentLine_, lineCounter_, lineToReport_}; }
     void SetPosition(const Position& position);
     // Only the importer reads and the exporter writes; these are 1 and 0 for
     // the importer so that callers may say how many columns they write.
@@ -184,6 +184,8 @@ private:
     bool MatchTitle(const std::string& title);
     void SkipRestOfLine();
     std::string CurrentLineText() const;
+    // Records the line that starts at the reading position as the current one.
+    void StartLine();
     void ReadVector(std::vector<double>& values, std::size_t size, Units::Runtime::DynamicDimension dimension);
 
     template <class Field>
@@ -200,12 +202,14 @@ private:
         return std::is_same<Plain, boost::optional<double>>::value || std::is_same<Plain, boost::optional<int>>::value;
     }
 
-    std::string skipRestOfLineName_;
     Iterator position_;
     Iterator last_;
     Units::Runtime::UnitSystem units_;
     std::uint64_t lineCounter_;
-    Iterator lineStart_;
+    // The text of the current line, for messages. It is kept as text rather
+    // than as a position, so that the stream's buffer can be let go behind
+    // the reading position (only a saved Position holds it back).
+    std::string currentLine_;
     std::uint64_t lineToReport_;
     std::string sectionTitle_;
     bool titleMode_;
