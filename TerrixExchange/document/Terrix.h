@@ -4,12 +4,18 @@
 #include <cstdint>
 #include <iosfwd>
 #include <list>
+#include <map>
 #include <string>
+#include <vector>
+
+#include <boost/optional.hpp>
 
 #include <TerrixExchange/archive/SpiritExporter.h>
 #include <TerrixExchange/archive/SpiritImporter.h>
 #include <TerrixExchange/document/TerrixInputData.h>
 #include <TerrixExchange/document/Version.h>
+#include <TerrixExchange/queries/CurveData.h>
+#include <TerrixExchange/queries/Layer.h>
 #include <TerrixPlatform/AllocationCallbacks/AllocationCallbacks.h>
 #include <TerrixPlatform/Units/Runtime/UnitSystem.h>
 
@@ -61,6 +67,116 @@ public:
     // atmospheric pressure. False when no candidate unit is within 5 per cent.
     static bool TryDeduceUnits(std::istream& stream, std::string& forceUnit, std::string& lengthUnit);
 
+    // ---- Queries ------------------------------------------------------------
+    // What a pile-soil analysis asks of the profile. Every answer is worked
+    // out afresh from the sections of the profile's version: nothing is
+    // cached and the profile is never changed. Records are looked up in file
+    // order, the first match wins, and numbers are compared exactly.
+
+    // A soil by its undrained shear strength (GetSUz): Sand when it is zero
+    // throughout, Clay when some value is not, Undefined without strengths.
+    enum class SoilType : std::int32_t { Sand = 0, Clay = 1, Undefined = 2 };
+
+    // Level (growing downwards) -> stress, in ascending level.
+    using StressByLevel = std::map<Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>,
+                                   Units::Runtime::Quantity<Units::Runtime::StressPhenomenon>>;
+
+    // The computational layers from top to bottom, the first starting at the
+    // seafloor (ZSURF). Version 4: one layer per soil layer division; with
+    // `split`, each division cut into its numbered layers, neighbours whose
+    // curve data agree joined again (the curve-data errors pass out
+    // unchanged). Version 5: one layer per main layer; `split` changes
+    // nothing. Any other version: no layers.
+    std::vector<Layer> GetLayers(bool split) const;
+
+    // Per-layer soil properties, from the soil type table (version 4) or the
+    // main layer tables (version 5). A profile of any other version throws
+    // std::runtime_error "Unknown TERRIX version"; a layer that the table
+    // of its version does not hold throws "Unknown layer". Values come as the
+    // file gives them, in the profile's database units; only the friction
+    // angle, written in degrees, is turned into radians.
+    SoilType GetSoilType(const Layer& layer) const;
+    Units::Runtime::Quantity<Units::Runtime::AnglePhenomenon> GetPhi(const Layer& layer) const;
+    double GetEpsc(const Layer& layer) const;
+    // OCR of the soil type; always empty in version 5, whose tables have none.
+    boost::optional<double> GetOverConsolidationRatio(const Layer& layer) const;
+    double GetAPIJFactor(const Layer& layer) const;
+    // Whether a gap opens behind the pile: GAP (version 4) or OPEN HOLE of
+    // the main layer subdivision (version 5) is exactly 1.
+    bool GetOpenGap(const Layer& layer) const;
+    // RPRAT (version 4) or the residual over maximum skin friction (version 5).
+    double GetRPRatio(const Layer& layer) const;
+    Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon> GetTZCurveZDisplacement(const Layer& layer) const;
+    Units::Runtime::Quantity<Units::Runtime::ForcePerUnitVolumePhenomenon> GetLayerUnitWeight(const Layer& layer) const;
+    // AK of the main layer table; empty in version 4, and in version 5 when
+    // the table is laid out without the AK column.
+    boost::optional<Units::Runtime::Quantity<Units::Runtime::ForcePerUnitVolumePhenomenon>> GetInitialModulus(
+        const Layer& layer) const;
+    // From the version 4 level rows that bracket the layer's middle (the
+    // first of them); empty in every other version and when there are none.
+    boost::optional<Units::Runtime::Quantity<Units::Runtime::ForcePerUnitAreaPhenomenon>> GetInitialSoilShearModulus(
+        const Layer& layer) const;
+    boost::optional<double> GetDSDiameterRatio(const Layer& layer) const;
+    boost::optional<double> GetPoissonRatio(const Layer& layer) const;
+    boost::optional<double> GetDTDiameterRatio(const Layer& layer) const;
+
+    // The curve data of a layer for every pile diameter. A profile of any
+    // other version than 4 or 5 throws std::runtime_error "TERRIX version
+    // undefined", a layer without a layer division "Could not find layer".
+    // P-Y, T-Z and Q-Z take the manual curves only when the layer's code is
+    // 0, and then require one per diameter ("Manual PY curve not defined");
+    // every diameter needs a covering modification row ("Unable to find PY
+    // modifications"). M-theta, BS-Y and BM-theta take a manual curve wherever
+    // the file gives one, and identity factors where no row applies.
+    PyData GetPyData(const Layer& layer) const;
+    TzData GetTzData(const Layer& layer) const;
+    QzData GetQzData(const Layer& layer) const;
+    MThetaData GetMthetaData(const Layer& layer) const;
+    BSYData GetBSyData(const Layer& layer) const;
+    BMThetaData GetBMthetaData(const Layer& layer) const;
+
+    // Profile-wide parameters, as the sections hold them.
+    Units::Runtime::Quantity<Units::Runtime::ForcePerUnitVolumePhenomenon> GetWaterUnitWeight() const;
+    Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon> GetLowestLevelWithCyclicPY() const;
+    Units::Runtime::Quantity<Units::Runtime::StressPhenomenon> GetLowestShearStiff() const;
+    double GetTanPhiCoeff() const;
+    double GetShearStrengthCoeff() const;
+    double GetSkinFrictionCoeff() const;
+    double GetPileTipResistanceCoeff() const;
+    Units::Runtime::Quantity<Units::Runtime::ForcePerUnitAreaPhenomenon> GetModulusOfElasticity() const;
+    Units::Runtime::Quantity<Units::Runtime::ForcePerUnitVolumePhenomenon> GetModulusOfElasticitySlope() const;
+    double GetAveragePoissonRatio() const;
+    // The level of the soil surface, where the first layer starts.
+    Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon> GetZSeafloor() const;
+    Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon> GetDepthOfScour() const;
+    Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon> GetDepthOfLocalScour() const;
+    // The side slope of local scour holes, written in degrees, in radians.
+    Units::Runtime::Quantity<Units::Runtime::AnglePhenomenon> GetSideSlope() const;
+    Units::Runtime::Quantity<Units::Runtime::StressPhenomenon> GetVerticalStressAtSurface() const;
+    Units::Runtime::Quantity<Units::Runtime::StressPhenomenon> GetVerticalStressUnderEmbankment() const;
+    Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon> GetWidthOfEmbankmentSlopingPart() const;
+    Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon> GetDistancePileToEmbankmentToe() const;
+    Units::Runtime::Quantity<Units::Runtime::StressPhenomenon> GetVerticalStressUnderCircularLoadedArea() const;
+    Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon> GetRadiusOfCircularLoadedArea() const;
+    // ZONINF and RFTZ of the version 4 skin friction section; empty in any
+    // other version.
+    boost::optional<double> GetZoneOfInfluenceTZ() const;
+    boost::optional<double> GetCurveShapeFactorTZ() const;
+
+    // The axial capacity tables of a layer. Version 4: the values of the
+    // level rows that bracket the layer's middle, at their levels. Version 5:
+    // the main layer's top and bottom values at the computational layer's
+    // top and bottom. Empty when there are none, and in any other version.
+    StressByLevel GetSkinCompression(const Layer& layer) const;
+    StressByLevel GetSkinTension(const Layer& layer) const;
+    StressByLevel GetTipResistance(const Layer& layer) const;
+    // The undrained shear strength against level. Version 4: SU.Z=0 at level
+    // 0 and SU.Z=100 at level 100 of the file's length unit; a soil type
+    // without a row throws "Unknown layer". Version 5: SUTOP and SUBOT at the
+    // main layer's own top and bottom; empty for an unknown main layer. Any
+    // other version: empty.
+    StressByLevel GetSUz(const Layer& layer) const;
+
 private:
     friend class TerrixMultipleSoilProfiles;
 
@@ -75,6 +191,13 @@ private:
         Units::Runtime::Quantity<Units::Runtime::ForcePerUnitVolumePhenomenon> waterUnitWeight,
         Units::Runtime::Quantity<Units::Runtime::StressPhenomenon> atmosphericPressure, std::string& forceUnit,
         std::string& lengthUnit);
+
+    // Layering: each layer cut into its numbered layers, the pieces of one
+    // layer (never of two) joined where HasSameProperties holds.
+    std::vector<Layer> ConditionallySplitLayers(std::vector<Layer> layers) const;
+    std::vector<Layer> ConditionallyMergeLayers(std::vector<Layer> layers) const;
+    // The same main layer and exactly the same data of all six curves.
+    bool HasSameProperties(const Layer& a, const Layer& b) const;
 
     std::string header_;
     Units::Runtime::UnitSystem unitSystem_;
