@@ -1,0 +1,129 @@
+// The frame of a profile: "TERRIX", the header, the version line, the
+// separators between sections and the end line.
+
+#include <algorithm>
+#include <sstream>
+
+#include <gtest/gtest.h>
+
+#include <TerrixExchange/document/Terrix.h>
+
+#include "TestSupport.h"
+
+using namespace TerrixExchange;
+using namespace TerrixExchange::Testing;
+
+namespace {
+
+std::string Export(Terrix profile, const std::list<std::string>& header, bool writeEndLine) {
+    std::ostringstream out;
+    profile.Export(out, "kN", "m", header, writeEndLine);
+    return out.str();
+}
+
+Terrix Import(const std::string& text) {
+    std::istringstream in(text);
+    Terrix profile;
+    profile.Import(in, "kN", "m");
+    return profile;
+}
+
+// The line of `text` that starts at `position`, without its line break.
+bool StartsWith(const std::string& text, const std::string& start) { return text.compare(0, start.size(), start) == 0; }
+
+bool EndsWith(const std::string& text, const std::string& end) {
+    return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
+}
+
+std::string LineAt(const std::string& text, std::size_t position) {
+    return text.substr(position, text.find('\n', position) - position);
+}
+
+}  // namespace
+
+TEST(ProfileFrame, HeaderVersionLineAndEndLine) {
+    Terrix profile(Version::V5);
+    profile.GetTerrixInputData().controlSection.profileName = "SITE-A";
+    const std::string text = Export(profile, {"Offshore wind farm", "Location A-07"}, true);
+    EXPECT_TRUE(StartsWith(text,
+                           "TERRIX\n"
+                           "Offshore wind farm\n"
+                           "Location A-07\n"
+                           "TERRIX Version: 2009-09-01\n"
+                           "\n"
+                           "*** CONTROL SECTION           ***\n"))
+        << text;
+    EXPECT_TRUE(EndsWith(text, "HOLE-DIAM\n\nEND OF TERRIX INPUT FILE\n")) << text;
+
+    const Terrix back = Import(text);
+    EXPECT_EQ(back.GetVersion(), Version::V5);
+    EXPECT_EQ(back.GetHeader(), "Offshore wind farm\nLocation A-07");
+    EXPECT_EQ(back.GetTerrixInputData().controlSection.profileName, "SITE-A");
+}
+
+TEST(ProfileFrame, WithoutEndLineTheFileEndsAfterTheLastSection) {
+    const std::string text = Export(Terrix(Version::V5), {}, false);
+    EXPECT_EQ(text.find("END OF TERRIX INPUT FILE"), std::string::npos);
+    // The given soil displacements section is the last: its header line ends
+    // the file.
+    EXPECT_TRUE(EndsWith(text, "\nZLEV  DSP-X  DSP-Y  DSP-Z  HOLE-DIAM\n")) << text;
+    EXPECT_EQ(Import(text).GetVersion(), Version::V5);
+    // A version-4 profile has no version line and reads back as version 4.
+    const std::string version4 = Export(Terrix(Version::V4), {"Header"}, true);
+    EXPECT_TRUE(StartsWith(version4, "TERRIX\nHeader\n\n*** CONTROL SECTION")) << version4;
+    EXPECT_EQ(Import(version4).GetVersion(), Version::V4);
+}
+
+TEST(ProfileFrame, OnlyTheYear2009MakesAVersion5File) {
+    std::string text = Export(Terrix(Version::V5), {}, true);
+    text.replace(text.find("2009-09-01"), 10, "2009-01-15");
+    EXPECT_EQ(Import(text).GetVersion(), Version::V5);
+    // Another year leaves the file at version 4, which then fails at the
+    // first line whose layout differs: the profile name of version 5.
+    text.replace(text.find("2009-01-15"), 10, "2010-09-01");
+    EXPECT_EQ(ImportErrorOf([&] { Import(text); }),
+              ImportErrorText(5, "Expected parameter 'CONFRC' not found or incorrectly defined", "CONTROL SECTION",
+                              LineAt(text, text.find(" ''"))));
+}
+
+TEST(ProfileFrame, SeparatorsAndTitlesAreWhereTheyBelong) {
+    const std::string text = Export(Terrix(Version::V4), {"Header"}, true);
+    // A missing blank line before a section.
+    std::string noBlank = text;
+    const std::size_t material = noBlank.find("*** MATERIAL");
+    noBlank.erase(material - 1, 1);
+    const std::size_t line = static_cast<std::size_t>(std::count(text.begin(), text.begin() + material, '\n')) ;
+    EXPECT_EQ(ImportErrorOf([&] { Import(noBlank); }),
+              ImportErrorText(static_cast<int>(line), "Expected blank line", "CONTROL SECTION",
+                              "*** MATERIAL COEFFICIENTS SECTION ***"));
+    // A missing first title names the line where it was expected.
+    std::string noTitle = text;
+    noTitle.replace(noTitle.find("*** CONTROL SECTION"), 19, "*** CONTROL SECTIO ");
+    EXPECT_EQ(ImportErrorOf([&] { Import(noTitle); }),
+              ImportErrorText(4, "Unable to find section", "CONTROL SECTION", LineAt(noTitle, noTitle.find("*** CONTROL"))));
+    // A file cut short after a section is reported at the missing section.
+    const std::string cut = text.substr(0, text.find("*** PILE DIAMETERS"));
+    const int lines = static_cast<int>(std::count(cut.begin(), cut.end(), '\n'));
+    EXPECT_EQ(ImportErrorOf([&] { Import(cut); }),
+              ImportErrorText(lines + 1, "Unable to find section", "PILE DIAMETERS AND GROUP EFFECTS SECTION", ""));
+    // No "TERRIX" first line.
+    EXPECT_EQ(ImportErrorOf([&] { Import("TERRAX\n"); }), ImportErrorText(1, "Unable to find section", "TERRIX", "TERRAX"));
+}
+
+TEST(ProfileFrame, AFailedImportKeepsTheSectionsReadBeforeIt) {
+    Terrix original(Version::V4);
+    original.GetTerrixInputData().materialCoefficientsSection.SFSU = 1.25;
+    std::string text = Export(original, {}, true);
+    text.replace(text.find("SOIL SURFACE AND"), 4, "SOYL");
+    std::istringstream in(text);
+    Terrix profile(Version::V4);
+    EXPECT_THROW(profile.Import(in, "kN", "m"), ImportError);
+    EXPECT_EQ(profile.GetTerrixInputData().materialCoefficientsSection.SFSU, 1.25);
+}
+
+TEST(ProfileFrame, TheStreamKeepsItsOwnWhiteSpaceFlag) {
+    std::istringstream in(Export(Terrix(Version::V4), {}, true));
+    Terrix profile;
+    profile.Import(in, "kN", "m");
+    EXPECT_TRUE(in.flags() & std::ios::skipws);
+}
