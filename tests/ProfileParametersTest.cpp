@@ -41,7 +41,7 @@ TEST(ProfileParameters, Version4ExampleGivesTheValuesOfItsGeneralSections) {
 }
 
 TEST(ProfileParameters, Version5HasNoTZParametersOfTheLevelTable) {
-    const Terrix profile = ExampleProfile("offshore-v5.txt");
+    const Terrix profile = ExampleProfile("offshore-v5.terrix");
     EXPECT_EQ(profile.GetShearStrengthCoeff(), 1.25);  // SFSU 1.25
     EXPECT_EQ(profile.GetZoneOfInfluenceTZ(), boost::none);
     EXPECT_EQ(profile.GetCurveShapeFactorTZ(), boost::none);

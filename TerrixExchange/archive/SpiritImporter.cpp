@@ -13,6 +13,13 @@ namespace qi = boost::spirit::qi;
 
 namespace {
 
+// The file is read byte by byte. A byte above 127 (a letter of a header or a
+// comment written in Latin-1 or UTF-8) is neither a blank nor a digit; the
+// character classes of Spirit's standard encoding would take it for a
+// negative char, outside their domain, so the two classes are spelt out.
+const auto blank = qi::copy(qi::char_(" \t"));
+const auto digit = qi::copy(qi::char_('0', '9'));
+
 // A number token: sign, digits with an optional point, an optional exponent
 // (Fortran's "D" included), or NaN / Inf / Infinity. It must end where the
 // field ends: at a blank, the end of the line or the end of the input.
@@ -23,10 +30,10 @@ bool ParseNumberToken(Iterator& position, const Iterator& last, std::string& tok
     static const qi::rule<Iterator, std::string()> number = [] {
         qi::rule<Iterator, std::string()> rule =
             qi::raw[-qi::char_("+-") >>
-                    (((+qi::digit >> -(qi::char_('.') >> *qi::digit)) | (qi::char_('.') >> +qi::digit)) >>
-                         -(qi::char_("eEdD") >> -qi::char_("+-") >> +qi::digit) |
+                    (((+digit >> -(qi::char_('.') >> *digit)) | (qi::char_('.') >> +digit)) >>
+                         -(qi::char_("eEdD") >> -qi::char_("+-") >> +digit) |
                      qi::no_case[qi::lit("infinity") | "inf" | "nan"])] >>
-            &(qi::blank | qi::eol | qi::eoi);
+            &(blank | qi::eol | qi::eoi);
         rule.name("number");
         return rule;
     }();
@@ -39,7 +46,7 @@ bool ParseNumberToken(Iterator& position, const Iterator& last, std::string& tok
 
 template <class Iterator>
 void SkipBlanks(Iterator& position, const Iterator& last) {
-    qi::parse(position, last, *qi::blank);
+    qi::parse(position, last, *blank);
 }
 
 }  // namespace
@@ -96,7 +103,7 @@ template <class Iterator>
 bool SpiritImporter<Iterator>::AtCommentLine() const {
     if (position_ == last_) return false;
     Iterator it = position_;
-    return qi::parse(it, last_, qi::lit('*') | (qi::char_("Cc") >> (qi::blank | qi::eol | qi::eoi)));
+    return qi::parse(it, last_, qi::lit('*') | (qi::char_("Cc") >> (blank | qi::eol | qi::eoi)));
 }
 
 template <class Iterator>
@@ -128,15 +135,15 @@ bool SpiritImporter<Iterator>::MatchWords(const std::string& text) {
     // any run of '*' and blanks before and after.
     std::istringstream words(text);
     Iterator it = position_;
-    qi::parse(it, last_, *(qi::blank | qi::char_('*')));
+    qi::parse(it, last_, *(blank | qi::char_('*')));
     std::string word;
     bool first = true;
     while (words >> word) {
-        if (!first && !qi::parse(it, last_, +qi::blank)) return false;
+        if (!first && !qi::parse(it, last_, +blank)) return false;
         if (!qi::parse(it, last_, qi::lit(word))) return false;
         first = false;
     }
-    if (!qi::parse(it, last_, *(qi::blank | qi::char_('*')) >> &(qi::eol | qi::eoi))) return false;
+    if (!qi::parse(it, last_, *(blank | qi::char_('*')) >> &(qi::eol | qi::eoi))) return false;
     position_ = it;
     return true;
 }
@@ -146,7 +153,7 @@ bool SpiritImporter<Iterator>::MatchTitle(const std::string& title) {
     if (titleMode_) return MatchWords(title);
     // The title exactly as it is spelt, in any decoration of '*' and blanks.
     Iterator it = position_;
-    const auto decoration = qi::copy(*(qi::blank | qi::char_('*')));
+    const auto decoration = qi::copy(*(blank | qi::char_('*')));
     if (!qi::parse(it, last_, decoration >> qi::lit(title) >> decoration >> &(qi::eol | qi::eoi))) return false;
     position_ = it;
     return true;
@@ -220,7 +227,7 @@ bool SpiritImporter<Iterator>::TryReadInteger(int& value) {
 template <class Iterator>
 bool SpiritImporter<Iterator>::TryParameterName(const std::string& name) {
     Iterator it = position_;
-    if (!qi::parse(it, last_, +qi::blank >> qi::lit(name) >> &(qi::blank | qi::eol | qi::eoi))) return false;
+    if (!qi::parse(it, last_, +blank >> qi::lit(name) >> &(blank | qi::eol | qi::eoi))) return false;
     position_ = it;
     return true;
 }
@@ -231,7 +238,7 @@ void SpiritImporter<Iterator>::StringParameter(std::string& value, const std::st
     std::string text;
     const auto quoted = qi::copy(qi::lit('\'') >> *((qi::lit("''") >> qi::attr('\'')) | (qi::char_ - qi::char_("'\r\n"))) >>
                         qi::lit('\''));
-    if (!qi::parse(it, last_, qi::omit[*qi::blank] >> quoted, text)) RaiseImportError("Expected string.");
+    if (!qi::parse(it, last_, qi::omit[*blank] >> quoted, text)) RaiseImportError("Expected string.");
     value = text;
     position_ = it;
     NextLine(true);
@@ -246,9 +253,9 @@ void SpiritImporter<Iterator>::Header(std::string& header) {
     bool first = true;
     while (position_ != last_) {
         Iterator it = position_;
-        if (qi::parse(it, last_, *qi::blank >> (qi::eol | qi::eoi))) break;
+        if (qi::parse(it, last_, *blank >> (qi::eol | qi::eoi))) break;
         it = position_;
-        if (qi::parse(it, last_, qi::lit("TERRIX") >> +qi::blank >> qi::lit("Version:"))) break;
+        if (qi::parse(it, last_, qi::lit("TERRIX") >> +blank >> qi::lit("Version:"))) break;
         const Position here = GetPosition();
         const bool isTitle = MatchWords("CONTROL SECTION");
         SetPosition(here);
@@ -265,7 +272,7 @@ bool SpiritImporter<Iterator>::VersionLine(int& year, int& month, int& day) {
     Iterator it = position_;
     int y = 0, m = 0, d = 0;
     if (!qi::parse(it, last_,
-                   qi::lit("TERRIX") >> qi::omit[+qi::blank] >> qi::lit("Version:") >> qi::omit[*qi::blank] >> qi::int_ >> '-' >>
+                   qi::lit("TERRIX") >> qi::omit[+blank] >> qi::lit("Version:") >> qi::omit[*blank] >> qi::int_ >> '-' >>
                        qi::int_ >> '-' >> qi::int_,
                    y, m, d))
         return false;
@@ -282,10 +289,10 @@ bool SpiritImporter<Iterator>::EndOfProfiles() {
     const Position start = GetPosition();
     while (position_ != last_) {
         Iterator it = position_;
-        const bool empty = qi::parse(it, last_, *qi::blank >> &(qi::eol | qi::eoi));
+        const bool empty = qi::parse(it, last_, *blank >> &(qi::eol | qi::eoi));
         it = position_;
         const bool endLine =
-            qi::parse(it, last_, *qi::blank >> qi::lit("END OF TERRIX INPUT FILE") >> *qi::blank >> &(qi::eol | qi::eoi));
+            qi::parse(it, last_, *blank >> qi::lit("END OF TERRIX INPUT FILE") >> *blank >> &(qi::eol | qi::eoi));
         if (!empty && !endLine && !AtCommentLine()) {
             SetPosition(start);
             return false;
@@ -298,7 +305,7 @@ bool SpiritImporter<Iterator>::EndOfProfiles() {
 template <class Iterator>
 void SpiritImporter<Iterator>::ProfileMarker() {
     Iterator it = position_;
-    if (!qi::parse(it, last_, *qi::blank >> qi::lit("###") >> *qi::blank >> qi::lit("New soil profile") >> *qi::blank >>
+    if (!qi::parse(it, last_, *blank >> qi::lit("###") >> *blank >> qi::lit("New soil profile") >> *blank >>
                                   &(qi::eol | qi::eoi)))
         RaiseImportError("Expected: ### New soil profile");
     position_ = it;

@@ -1,0 +1,31 @@
+# Installs the TerrixExchange build BUILD_DIR into a fresh prefix under
+# WORK_DIR, configures and builds the host program in CONSUMER_SOURCE_DIR
+# against it with find_package, runs it on EXAMPLE and checks what it prints.
+
+function(run_step description)
+  execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
+  if(NOT result EQUAL 0)
+    message(FATAL_ERROR "${description} failed (${result}):\n${output}")
+  endif()
+  set(step_output "${output}" PARENT_SCOPE)
+endfunction()
+
+file(REMOVE_RECURSE "${WORK_DIR}")
+set(prefix "${WORK_DIR}/prefix")
+
+run_step("Installing the package" ${CMAKE_COMMAND} --install "${BUILD_DIR}" --prefix "${prefix}")
+run_step("Configuring the consumer"
+  ${CMAKE_COMMAND} -S "${CONSUMER_SOURCE_DIR}" -B "${WORK_DIR}/build"
+  "-DCMAKE_PREFIX_PATH=${prefix}"
+  "-DCMAKE_CXX_COMPILER=${CXX_COMPILER}"
+  "-DCMAKE_BUILD_TYPE=${BUILD_TYPE}"
+  "-DCMAKE_CXX_FLAGS=${CXX_FLAGS}"
+  "-DCMAKE_EXE_LINKER_FLAGS=${LINKER_FLAGS}")
+run_step("Building the consumer" ${CMAKE_COMMAND} --build "${WORK_DIR}/build")
+run_step("Running the consumer" "${WORK_DIR}/build/profile-info" "${EXAMPLE}")
+
+set(expected "Profile 'NS-MP07', version 5, read in kN and m\nUnit weight of water: 10051.8 N/m3\n")
+if(NOT step_output STREQUAL expected)
+  message(FATAL_ERROR "The consumer printed:\n${step_output}\nexpected:\n${expected}")
+endif()
+message(STATUS "The installed package builds and runs a host program:\n${step_output}")

@@ -1,0 +1,358 @@
+// The terrix tool as an engineer runs it: each test starts the built program
+// with a command line and looks at its standard output, standard error and
+// exit status.
+
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cmath>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <limits>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <TerrixExchange/document/Terrix.h>
+
+namespace {
+
+using TerrixExchange::Terrix;
+using TerrixExchange::Version;
+
+struct ToolRun {
+    int status = -1;
+    std::string out;
+    std::string err;
+};
+
+std::string ReadFile(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+void WriteFile(const std::filesystem::path& path, const std::string& text) {
+    std::ofstream file(path, std::ios::binary);
+    file << text;
+}
+
+const std::string examplePath = TERRIX_EXAMPLES_DIR "/offshore-v5.terrix";
+
+// A version 5 profile "SOUTH-02" in kN and m, as the library writes it, with
+// a few control values whose JSON text is worth a look.
+std::string GeneratedProfile(bool writeEndLine) {
+    using namespace TerrixExchange::Units::Runtime;
+    Terrix profile(Version::V5);
+    auto& control = profile.GetTerrixInputData().controlSection;
+    control.profileName = "SOUTH-02";
+    control.CONFRC = 0.1 + 0.2;  // 0.30000000000000004: needs all 17 digits
+    control.GAMMAW = UnitSystem("kN", "m").ConvertFromUnitSystem<ForcePerUnitVolumePhenomenon>(9.81);
+    control.ZCYCL = Quantity<LengthPhenomenon>(-12.345);
+    control.SUSTIF = Quantity<StressPhenomenon>(std::numeric_limits<double>::quiet_NaN());
+    control.NUMBS = 0;
+    std::ostringstream text;
+    profile.Export(text, "kN", "m", {"Generated profile", "second header line"}, writeEndLine);
+    return text.str();
+}
+
+// The text without its last two lines: the empty line and the end line.
+std::string WithoutEndLine(const std::string& text) {
+    const std::string endLine = "\nEND OF TERRIX INPUT FILE\n";
+    EXPECT_EQ(text.substr(text.size() - endLine.size()), endLine);
+    return text.substr(0, text.size() - endLine.size());
+}
+
+class TerrixToolTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        std::string pattern = (std::filesystem::temp_directory_path() / "terrix-tool-XXXXXX").string();
+        ASSERT_NE(mkdtemp(pattern.data()), nullptr);
+        directory_ = pattern;
+    }
+    void TearDown() override { std::filesystem::remove_all(directory_); }
+
+    // A file of the test's own directory with the given text.
+    std::string File(const std::string& name, const std::string& text) {
+        WriteFile(directory_ / name, text);
+        return (directory_ / name).string();
+    }
+    std::string Path(const std::string& name) const { return (directory_ / name).string(); }
+
+    // Runs terrix with the arguments, `input` on its standard input.
+    ToolRun Run(const std::vector<std::string>& arguments, const std::string& input = "") {
+        const std::filesystem::path in = directory_ / "stdin";
+        const std::filesystem::path out = directory_ / "stdout";
+        const std::filesystem::path err = directory_ / "stderr";
+        WriteFile(in, input);
+        std::vector<std::string> words{TERRIX_TOOL_PATH};
+        words.insert(words.end(), arguments.begin(), arguments.end());
+        std::vector<char*> argv;
+        for (std::string& word : words) argv.push_back(word.data());
+        argv.push_back(nullptr);
+
+        const pid_t child = fork();
+        if (child == 0) {
+            const int inFile = open(in.c_str(), O_RDONLY);
+            const int outFile = open(out.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+            const int errFile = open(err.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+            if (inFile < 0 || outFile < 0 || errFile < 0) _exit(126);
+            dup2(inFile, 0);
+            dup2(outFile, 1);
+            dup2(errFile, 2);
+            execv(argv[0], argv.data());
+            _exit(127);
+        }
+        ToolRun run;
+        int status = 0;
+        if (child < 0 || waitpid(child, &status, 0) != child) {
+            ADD_FAILURE() << "could not run " << TERRIX_TOOL_PATH;
+            return run;
+        }
+        run.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        run.out = ReadFile(out);
+        run.err = ReadFile(err);
+        return run;
+    }
+
+private:
+    std::filesystem::path directory_;
+};
+
+TEST_F(TerrixToolTest, CheckPrintsOkWithVersionProfileCountAndUnits) {
+    const ToolRun file = Run({"check", examplePath});
+    EXPECT_EQ(file.status, 0);
+    EXPECT_EQ(file.out, examplePath + ": OK version 5, 1 profile, units kN m\n");
+    EXPECT_EQ(file.err, "");
+
+    const ToolRun standardInput = Run({"check", "-"}, ReadFile(examplePath));
+    EXPECT_EQ(standardInput.status, 0);
+    EXPECT_EQ(standardInput.out, "-: OK version 5, 1 profile, units kN m\n");
+
+    // Two profiles, each deduced on its own.
+    const std::string two = File("two.txt", WithoutEndLine(ReadFile(examplePath)) + "\n### New soil profile\n" +
+                                                GeneratedProfile(true));
+    const ToolRun both = Run({"check", two});
+    EXPECT_EQ(both.out, two + ": OK version 5, 2 profiles, units kN m\n");
+    EXPECT_EQ(both.status, 0);
+
+    // Line ends of a DOS editor and tabs between the fields read the same.
+    std::string dos;
+    for (char c : ReadFile(examplePath)) dos += c == '\n' ? std::string("\r\n") : std::string(1, c);
+    const std::string tabs = File("dos.txt", dos);
+    EXPECT_EQ(Run({"check", tabs}).out, tabs + ": OK version 5, 1 profile, units kN m\n");
+}
+
+TEST_F(TerrixToolTest, CheckOfAMisspeltParameterGivesTheLibrarysFourLineError) {
+    const std::string file = File("misspelt.txt",
+                                  "TERRIX\n"
+                                  "A profile with a misspelt parameter name\n"
+                                  "TERRIX Version: 2009-09-01\n"
+                                  "\n"
+                                  "*** CONTROL SECTION           ***\n"
+                                  " 'BAD-01'            NAME OF THIS SOIL PROFILE, MAX 10 CHARACTERS\n"
+                                  "       1.0 CONFR   OLD-FORCE-UNIT  = CONFRC * NEW-FORCE-UNIT  1MN  = 1000*1KN\n"
+                                  "       1.0 CONLTH  OLD-LENGTH-UNIT = CONLTH * NEW-LENGTH-UNIT  1M  = 3.28*1FT\n");
+    const ToolRun run = Run({"check", file});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.out, "");
+    EXPECT_EQ(run.err, "terrix: " + file + ": cannot import\n"
+                       "Import error in line 7:\n"
+                       "Expected parameter 'CONFRC' not found or incorrectly defined\n"
+                       "While importing section: 'CONTROL SECTION'\n"
+                       "Found: '       1.0 CONFR   OLD-FORCE-UNIT  = CONFRC * NEW-FORCE-UNIT  1MN  = 1000*1KN'\n");
+}
+
+TEST_F(TerrixToolTest, CheckGoesOnAfterAFileThatCannotBeReadAndExits1) {
+    const std::string missing = Path("missing.txt");
+    const ToolRun run = Run({"check", examplePath, missing, "-"}, ReadFile(examplePath));
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.out, examplePath + ": OK version 5, 1 profile, units kN m\n-: OK version 5, 1 profile, units kN m\n");
+    EXPECT_EQ(run.err, "terrix: " + missing + ": cannot read\nNo such file or directory\n");
+}
+
+TEST_F(TerrixToolTest, UnitsThatCannotBeDeducedAreAskedFor) {
+    std::string text = ReadFile(examplePath);
+    const std::string water = "   10.0518 GAMMAW";
+    ASSERT_NE(text.find(water), std::string::npos);
+    text.replace(text.find(water), water.size(), "       5.0 GAMMAW");
+    const std::string file = File("odd-water.txt", text);
+
+    const ToolRun deduced = Run({"check", file});
+    EXPECT_EQ(deduced.status, 1);
+    EXPECT_EQ(deduced.err.rfind("terrix: " + file + ": cannot import\nUnable to deduce units\n", 0), 0u) << deduced.err;
+    EXPECT_NE(deduced.err.find("--units FORCE LENGTH"), std::string::npos) << deduced.err;
+
+    const ToolRun given = Run({"check", "--units", "kN", "m", file});
+    EXPECT_EQ(given.status, 0) << given.err;
+    EXPECT_EQ(given.out, file + ": OK version 5, 1 profile, units kN m\n");
+}
+
+TEST_F(TerrixToolTest, WrongUsageExits2) {
+    const std::vector<std::vector<std::string>> usages = {
+        {},
+        {"frobnicate", examplePath},
+        {"check"},
+        {"check", "--units", "kN"},
+        {"check", "--colour", examplePath},
+        {"dump", examplePath, examplePath},
+        {"dump", "--profile", "#x", examplePath},
+        {"dump", "--profile", "#1", examplePath},
+        {"convert", "--profile", "NO-SUCH", examplePath},
+        {"convert", "--to", "N", examplePath},
+    };
+    for (const std::vector<std::string>& usage : usages) {
+        std::string line;
+        for (const std::string& word : usage) line += " " + word;
+        const ToolRun run = Run(usage);
+        EXPECT_EQ(run.status, 2) << "terrix" << line << "\n" << run.err;
+        EXPECT_EQ(run.err.rfind("terrix: ", 0), 0u) << "terrix" << line << "\n" << run.err;
+        EXPECT_EQ(run.out, "") << "terrix" << line;
+    }
+    EXPECT_EQ(Run({"dump", "--profile", "#1", examplePath}).err,
+              "terrix: --profile #1: the file holds 1 profile (#0 to #0)\n");
+}
+
+TEST_F(TerrixToolTest, UnknownUnitNamesExit1AndAreNamed) {
+    const ToolRun units = Run({"check", "--units", "kNN", "m", examplePath});
+    EXPECT_EQ(units.status, 1);
+    EXPECT_EQ(units.out, "");
+    EXPECT_NE(units.err.find("--units kNN m: Unknown force unit: 'kNN'"), std::string::npos) << units.err;
+
+    const ToolRun to = Run({"convert", "--to", "N", "furlong", examplePath});
+    EXPECT_EQ(to.status, 1);
+    EXPECT_EQ(to.out, "");
+    EXPECT_NE(to.err.find("--to N furlong: Unknown length unit: 'furlong'"), std::string::npos) << to.err;
+}
+
+TEST_F(TerrixToolTest, HelpDocumentsTheChoicesAndExits0) {
+    const ToolRun run = Run({"--help"});
+    EXPECT_EQ(run.status, 0);
+    for (const char* text : {"check", "dump", "convert", "Unable to deduce units", "--units", "#INDEX",
+                             "shortest", "\"NaN\"", "Exit status"})
+        EXPECT_NE(run.out.find(text), std::string::npos) << text;
+    const ToolRun convert = Run({"convert", "--help"});
+    EXPECT_EQ(convert.status, 0);
+    EXPECT_NE(convert.out.find("--no-end-line"), std::string::npos);
+}
+
+TEST_F(TerrixToolTest, ConvertWritesTheFileBackAsItWas) {
+    const ToolRun run = Run({"convert", examplePath});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.err, "");
+    EXPECT_EQ(run.out, ReadFile(examplePath));
+
+    // Every profile keeps its own header lines; the marker stands between two.
+    const std::string two = WithoutEndLine(ReadFile(examplePath)) + "\n### New soil profile\n" + GeneratedProfile(true);
+    EXPECT_EQ(Run({"convert", "-"}, two).out, two);
+
+    const ToolRun second = Run({"convert", "--profile", "SOUTH-02", "--no-end-line", "-o", Path("south.txt"), "-"}, two);
+    EXPECT_EQ(second.status, 0) << second.err;
+    EXPECT_EQ(second.out, "");
+    EXPECT_EQ(ReadFile(Path("south.txt")), GeneratedProfile(false));
+    EXPECT_EQ(Run({"convert", "--profile", "#0", "-"}, two).out, ReadFile(examplePath));
+}
+
+TEST_F(TerrixToolTest, ConvertToOtherUnitsThenCheckRoundTrips) {
+    const std::string converted = Path("converted.txt");
+    const ToolRun run = Run({"convert", "--to", "N", "mm", "-o", converted, examplePath});
+    EXPECT_EQ(run.status, 0);
+    // Columns kept as written are named, each once.
+    const std::string warning = "terrix: " + examplePath + ": warning: profile #0: ";
+    const std::string tail = ": values are kept as written, not converted from kN m to N mm\n";
+    EXPECT_NE(run.err.find(warning + "SOIL MAIN LAYERS AND PROPERTIES SECTION, column GAMTOT" + tail),
+              std::string::npos)
+        << run.err;
+    EXPECT_NE(run.err.find(warning + "SKIN FRICTION AND TIP RESISTANCE (T-Z/Q-Z) SECTION, column SIGTIP BOT" + tail),
+              std::string::npos)
+        << run.err;
+    EXPECT_EQ(run.err.find("column DR"), std::string::npos);  // 0.8 and 0.9 are ratios, not flagged
+    EXPECT_EQ(run.err.find("column IP"), std::string::npos);
+
+    EXPECT_EQ(Run({"check", converted}).out, converted + ": OK version 5, 1 profile, units N mm\n");
+
+    // The same values, whatever the units of the file.
+    const nlohmann::json original = nlohmann::json::parse(Run({"dump", examplePath}).out);
+    nlohmann::json back = nlohmann::json::parse(Run({"dump", converted}).out);
+    EXPECT_EQ(back["profiles"][0]["units"], nlohmann::json({{"force", "N"}, {"length", "mm"}}));
+    back["profiles"][0]["units"] = original["profiles"][0]["units"];
+    EXPECT_EQ(back, original);
+
+    // And back to kN and m: the text of the example again.
+    EXPECT_EQ(Run({"convert", "--to", "kN", "m", converted}).out, ReadFile(examplePath));
+    EXPECT_EQ(Run({"convert", "--to", "kN", "m", examplePath}).err, "");  // no change of units, nothing to warn of
+}
+
+TEST_F(TerrixToolTest, ConvertWritesNothingWhenTheInputDoesNotImport) {
+    const std::string out = Path("never.txt");
+    const ToolRun run = Run({"convert", "-o", out, "-"}, "TERRIX\nnot a profile\n");
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.err.rfind("terrix: -: cannot import\nImport error in line ", 0), 0u) << run.err;
+    EXPECT_FALSE(std::filesystem::exists(out));
+}
+
+TEST_F(TerrixToolTest, DumpGivesTheLibrarysValuesInDatabaseUnits) {
+    const std::string file = File("south.txt", GeneratedProfile(true));
+    const ToolRun run = Run({"dump", file});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.err, "");
+    // Numbers in their shortest exact text; NaN as a string.
+    EXPECT_NE(run.out.find("\"CONFRC\": 0.30000000000000004,"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("\"GAMMAW\": 9810,"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("\"ZCYCL\": -12.345,"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("\"SUSTIF\": \"NaN\","), std::string::npos) << run.out;
+
+    const nlohmann::ordered_json json = nlohmann::ordered_json::parse(run.out);
+    ASSERT_EQ(json["profiles"].size(), 1u);
+    const nlohmann::ordered_json& profile = json["profiles"][0];
+    EXPECT_EQ(profile["version"], 5);
+    EXPECT_EQ(profile["name"], "SOUTH-02");
+    EXPECT_EQ(profile["header"], "Generated profile\nsecond header line");
+    EXPECT_EQ(profile["units"], nlohmann::ordered_json({{"force", "kN"}, {"length", "m"}}));
+    // The control section's lines of version 5, in file order.
+    EXPECT_EQ(profile["sections"]["CONTROL SECTION"], nlohmann::ordered_json::parse(R"({
+        "profileName": "SOUTH-02", "CONFRC": 0.30000000000000004, "CONLTH": 0, "NUMLAYM": 0, "NUMDSP": 0,
+        "GAMMAW": 9810, "ATMPRS": 101300, "ZCYCL": -12.345, "SUSTIF": "NaN", "JPRINT": 0, "JECHO": 0,
+        "NUMDM": null, "NUMBS": 0, "NUMBM": null})"));
+}
+
+TEST_F(TerrixToolTest, DumpKeepsEveryByteOfAHeaderThatIsNotUtf8) {
+    // A header written by an old program in Latin-1: 0xD8 is the letter Ø.
+    std::string text = GeneratedProfile(true);
+    text.replace(text.find("Generated profile"), 17, "\xD8rsted field, \xB0" "C");
+    const ToolRun run = Run({"dump", "-"}, text);
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_NE(run.out.find("\"header\": \"\xC3\x98rsted field, \xC2\xB0" "C\\nsecond header line\","), std::string::npos)
+        << run.out;
+    // And a header in UTF-8 stays as it is.
+    text = GeneratedProfile(true);
+    text.replace(text.find("Generated profile"), 17, "\xC3\x98rsted");
+    EXPECT_NE(Run({"dump", "-"}, text).out.find("\"header\": \"\xC3\x98rsted\\n"), std::string::npos);
+}
+
+TEST_F(TerrixToolTest, DumpChoosesProfilesByNameOrIndexAndWritesToAFile) {
+    const std::string two = WithoutEndLine(ReadFile(examplePath)) + "\n### New soil profile\n" + GeneratedProfile(true);
+    const nlohmann::json all = nlohmann::json::parse(Run({"dump", "-"}, two).out);
+    ASSERT_EQ(all["profiles"].size(), 2u);
+    EXPECT_EQ(all["profiles"][0]["name"], "NS-MP07");
+    EXPECT_EQ(all["profiles"][1]["name"], "SOUTH-02");
+
+    const ToolRun byName = Run({"dump", "--profile", "SOUTH-02", "-o", Path("south.json"), "-"}, two);
+    EXPECT_EQ(byName.status, 0);
+    EXPECT_EQ(byName.out, "");
+    const nlohmann::json south = nlohmann::json::parse(ReadFile(Path("south.json")));
+    ASSERT_EQ(south["profiles"].size(), 1u);
+    EXPECT_EQ(south["profiles"][0], all["profiles"][1]);
+
+    const nlohmann::json first = nlohmann::json::parse(Run({"dump", "--profile", "#0", "-"}, two).out);
+    ASSERT_EQ(first["profiles"].size(), 1u);
+    EXPECT_EQ(first["profiles"][0], all["profiles"][0]);
+}
+
+}  // namespace

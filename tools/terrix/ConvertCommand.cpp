@@ -1,0 +1,84 @@
+#include <iostream>
+#include <memory>
+#include <sstream>
+
+#include <TerrixExchange/archive/SpiritExporter.h>
+
+#include "Commands.h"
+#include "PlainNumberColumns.h"
+#include "Profiles.h"
+
+namespace TerrixTool {
+
+using TerrixExchange::Terrix;
+
+namespace {
+
+struct ConvertOptions {
+    std::string file;
+    std::vector<std::string> units;
+    std::string profile;
+    std::vector<std::string> to;
+    bool noEndLine = false;
+    std::string out;
+};
+
+bool operator==(const UnitNames& a, const UnitNames& b) { return a.force == b.force && a.length == b.length; }
+
+// Names on standard error each column whose values the new units leave as
+// they were, so that no one is surprised by a file that means something else.
+void WarnOfPlainNumbers(const std::string& file, std::size_t index, const Terrix& profile, const UnitNames& from,
+                        const UnitNames& to) {
+    for (const PlainNumberColumn& column : NonZeroPlainNumberColumns(profile)) {
+        std::cerr << "terrix: " << file << ": warning: profile #" << index << ": " << column.section
+                  << ", column " << column.column << ": values are kept as written, not converted from " << from.force
+                  << " " << from.length << " to " << to.force << " " << to.length << std::endl;
+    }
+}
+
+int RunConvert(const ConvertOptions& options) {
+    const boost::optional<UnitNames> to = ToUnitNames(options.to, "--to");
+    std::vector<Terrix> profiles = ReadProfiles(options.file, ToUnitNames(options.units, "--units"));
+    const std::vector<std::size_t> chosen = SelectProfiles(profiles, options.profile);
+
+    // Profiles one after the other, the marker line between two of them.
+    // Each keeps its own header lines and, without --to, its own units.
+    std::ostringstream text;
+    for (std::size_t k = 0; k < chosen.size(); ++k) {
+        Terrix& profile = profiles[chosen[k]];
+        const UnitNames from = UnitsOf(profile);
+        const UnitNames units = to ? *to : from;
+        if (!(units == from)) WarnOfPlainNumbers(options.file, chosen[k], profile, from, units);
+        if (k > 0) {
+            TerrixExchange::Exporter exporter(TerrixExchange::StreamSink(text), 10, boost::none);
+            exporter.BlankLine();
+            exporter.ProfileMarker();
+        }
+        const bool isLast = k + 1 == chosen.size();
+        profile.Export(text, units.force, units.length, HeaderLinesOf(profile), isLast && !options.noEndLine);
+    }
+    WriteOutput(options.out, text.str());
+    return 0;
+}
+
+}  // namespace
+
+void AddConvertCommand(CLI::App& app, CommandRun& run) {
+    auto options = std::make_shared<ConvertOptions>();
+    CLI::App* command = app.add_subcommand(
+        "convert", "Write the profile(s) back as TERRIX text, in the input's units or in those of --to");
+    AddUnitsOption(*command, options->units);
+    AddProfileOption(*command, options->profile);
+    command
+        ->add_option("--to", options->to,
+                     "The units to write, e.g. --to N mm. Default: the units each profile was read in")
+        ->expected(2)
+        ->allow_extra_args(false)
+        ->type_name("FORCE LENGTH");
+    command->add_flag("--no-end-line", options->noEndLine, "Leave out the end line \"END OF TERRIX INPUT FILE\"");
+    AddOutputOption(*command, options->out);
+    AddFileArgument(*command, options->file);
+    command->callback([&run, options] { run = [options] { return RunConvert(*options); }; });
+}
+
+}  // namespace TerrixTool

@@ -1,0 +1,58 @@
+#include <memory>
+
+#include "Commands.h"
+#include "Json.h"
+#include "Profiles.h"
+#include "SectionsJson.h"
+
+namespace TerrixTool {
+
+namespace {
+
+struct DumpOptions {
+    std::string file;
+    std::vector<std::string> units;
+    std::string profile;
+    bool noSplit = false;
+    std::string out;
+};
+
+// One profile: what the library holds, then what it answers. Every number is
+// in database units (N, m, Pa, N/m3, radians).
+Json ProfileJson(const TerrixExchange::Terrix& profile, const DumpOptions&) {
+    const UnitNames units = UnitsOf(profile);
+    Json json = Json::object();
+    json["version"] = VersionNumberOf(profile);
+    json["name"] = JsonText(NameOf(profile));
+    json["header"] = JsonText(profile.GetHeader());
+    json["units"] = Json{{"force", units.force}, {"length", units.length}};
+    json["sections"] = SectionsJson(profile);
+    // The profile-wide answers ("parameters") and the layers ("layers", as
+    // split and merged unless --no-split) follow here.
+    return json;
+}
+
+int RunDump(const DumpOptions& options) {
+    const std::vector<TerrixExchange::Terrix> profiles = ReadProfiles(options.file, ToUnitNames(options.units, "--units"));
+    Json list = Json::array();
+    for (std::size_t index : SelectProfiles(profiles, options.profile))
+        list.push_back(ProfileJson(profiles[index], options));
+    WriteOutput(options.out, WriteJson(Json{{"profiles", list}}));
+    return 0;
+}
+
+}  // namespace
+
+void AddDumpCommand(CLI::App& app, CommandRun& run) {
+    auto options = std::make_shared<DumpOptions>();
+    CLI::App* command = app.add_subcommand(
+        "dump", "JSON of what the library holds for each profile, every number in N and m");
+    AddUnitsOption(*command, options->units);
+    AddProfileOption(*command, options->profile);
+    AddNoSplitOption(*command, options->noSplit);
+    AddOutputOption(*command, options->out);
+    AddFileArgument(*command, options->file);
+    command->callback([&run, options] { run = [options] { return RunDump(*options); }; });
+}
+
+}  // namespace TerrixTool

@@ -1,0 +1,124 @@
+#include "Json.h"
+
+#include <charconv>
+#include <cmath>
+
+namespace TerrixTool {
+
+namespace {
+
+// std::to_chars without a format gives the shortest text that reads back as
+// the same double; nlohmann's own writer does not promise the shortest.
+std::string ShortestText(double value) {
+    char buffer[64];
+    const auto result = std::to_chars(buffer, buffer + sizeof buffer, value);
+    return std::string(buffer, result.ptr);
+}
+
+void Write(const Json& value, int depth, std::string& text) {
+    const std::string indent(2 * (depth + 1), ' ');
+    const std::string closingIndent(2 * depth, ' ');
+    switch (value.type()) {
+        case Json::value_t::number_float:
+            text += ShortestText(value.get<double>());
+            return;
+        case Json::value_t::array: {
+            if (value.empty()) {
+                text += "[]";
+                return;
+            }
+            text += "[\n";
+            bool first = true;
+            for (const Json& element : value) {
+                if (!first) text += ",\n";
+                first = false;
+                text += indent;
+                Write(element, depth + 1, text);
+            }
+            text += "\n" + closingIndent + "]";
+            return;
+        }
+        case Json::value_t::object: {
+            if (value.empty()) {
+                text += "{}";
+                return;
+            }
+            text += "{\n";
+            bool first = true;
+            for (auto member = value.begin(); member != value.end(); ++member) {
+                if (!first) text += ",\n";
+                first = false;
+                text += indent + Json(member.key()).dump() + ": ";
+                Write(member.value(), depth + 1, text);
+            }
+            text += "\n" + closingIndent + "}";
+            return;
+        }
+        default:
+            // Strings (escaped), integers, booleans and null as nlohmann
+            // writes them; every string was made valid UTF-8 by JsonText.
+            text += value.dump(-1, ' ', false, Json::error_handler_t::replace);
+            return;
+    }
+}
+
+// Whether `text` is well-formed UTF-8 (no overlong forms, no surrogates).
+bool IsUtf8(const std::string& text) {
+    std::size_t i = 0;
+    while (i < text.size()) {
+        const unsigned char lead = static_cast<unsigned char>(text[i]);
+        std::size_t length = 0;
+        unsigned int low = 0x80, high = 0xBF;  // the allowed range of the second byte
+        if (lead < 0x80) length = 1;
+        else if (lead >= 0xC2 && lead <= 0xDF) length = 2;
+        else if (lead >= 0xE0 && lead <= 0xEF) {
+            length = 3;
+            if (lead == 0xE0) low = 0xA0;
+            if (lead == 0xED) high = 0x9F;
+        } else if (lead >= 0xF0 && lead <= 0xF4) {
+            length = 4;
+            if (lead == 0xF0) low = 0x90;
+            if (lead == 0xF4) high = 0x8F;
+        } else {
+            return false;
+        }
+        if (i + length > text.size()) return false;
+        for (std::size_t k = 1; k < length; ++k) {
+            const unsigned char next = static_cast<unsigned char>(text[i + k]);
+            if (next < (k == 1 ? low : 0x80) || next > (k == 1 ? high : 0xBF)) return false;
+        }
+        i += length;
+    }
+    return true;
+}
+
+}  // namespace
+
+Json JsonText(const std::string& text) {
+    if (IsUtf8(text)) return text;
+    std::string utf8;
+    for (char c : text) {
+        const unsigned char byte = static_cast<unsigned char>(c);
+        if (byte < 0x80) {
+            utf8 += c;
+        } else {
+            utf8 += static_cast<char>(0xC0 | (byte >> 6));
+            utf8 += static_cast<char>(0x80 | (byte & 0x3F));
+        }
+    }
+    return utf8;
+}
+
+Json JsonNumber(double value) {
+    if (std::isnan(value)) return "NaN";
+    if (std::isinf(value)) return value > 0 ? "Infinity" : "-Infinity";
+    return value;
+}
+
+std::string WriteJson(const Json& value) {
+    std::string text;
+    Write(value, 0, text);
+    return text + "\n";
+}
+
+}  // namespace TerrixTool

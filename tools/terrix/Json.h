@@ -1,0 +1,41 @@
+#pragma once
+
+// The JSON of terrix dump. Objects keep their keys in the order they are
+// added, so a section's parameters stand in the order of the file.
+
+#include <string>
+
+#include <boost/optional.hpp>
+#include <nlohmann/json.hpp>
+
+#include <TerrixPlatform/Units/Runtime/Quantity.h>
+
+namespace TerrixTool {
+
+using Json = nlohmann::ordered_json;
+
+// A number as JSON: finite values as numbers, NaN and the infinities as the
+// strings "NaN", "Infinity" and "-Infinity", which JSON has no numbers for.
+Json JsonNumber(double value);
+// A quantity by its value in database units (N and m).
+template <class Phenomenon>
+Json JsonNumber(TerrixExchange::Units::Runtime::Quantity<Phenomenon> value) {
+    return JsonNumber(value.GetValue());
+}
+inline Json JsonNumber(int value) { return Json(value); }
+// An empty optional is null.
+template <class Value>
+Json JsonNumber(const boost::optional<Value>& value) {
+    return value ? JsonNumber(*value) : Json(nullptr);
+}
+
+// A text of the file as a JSON string. JSON text is UTF-8; a text that is
+// not (an old file's header in Latin-1, say "\xD8rsted") is taken as
+// Latin-1, so that every byte keeps its meaning instead of being dropped.
+Json JsonText(const std::string& text);
+
+// The text of a JSON value, indented by two blanks per level, each real
+// written with the shortest text that reads back as the same double.
+std::string WriteJson(const Json& value);
+
+}  // namespace TerrixTool

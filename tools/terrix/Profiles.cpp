@@ -1,0 +1,134 @@
+#include "Profiles.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <fstream>
+#include <iostream>
+#include <sstream>
+
+#include <TerrixExchange/document/TerrixMultipleSoilProfiles.h>
+#include <TerrixPlatform/Units/Runtime/UnitSystem.h>
+
+#include "ToolError.h"
+
+namespace TerrixTool {
+
+using TerrixExchange::Terrix;
+
+namespace {
+
+// The one call into the library's import: every profile of the stream, in
+// the units named or in those deduced for each profile from its own control
+// section. Whatever follows the last profile must be empty lines, comment
+// lines and the end line; anything else is an import error.
+std::vector<Terrix> ImportProfiles(const std::string& text, const boost::optional<UnitNames>& units) {
+    std::istringstream stream(text);
+    TerrixExchange::TerrixMultipleSoilProfiles profiles;
+    if (units) profiles.Import(stream, units->force, units->length);
+    else profiles.Import(stream);
+    return profiles.GetSoilProfiles();
+}
+
+bool IsIndex(const std::string& text) {
+    return !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
+}
+
+}  // namespace
+
+boost::optional<UnitNames> ToUnitNames(const std::vector<std::string>& values, const std::string& option) {
+    if (values.empty()) return boost::none;
+    const UnitNames names{values.at(0), values.at(1)};
+    try {
+        TerrixExchange::Units::Runtime::UnitSystem check(names.force, names.length);
+    } catch (const std::exception& error) {
+        throw Failure(option + " " + names.force + " " + names.length + ": " + error.what() +
+                      " (force units: N kN MN GN mN lbf kipf kgf; length units: km m dm cm mm in ft)");
+    }
+    return names;
+}
+
+std::string ReadInput(const std::string& file) {
+    const bool isStandardInput = file == "-";
+    std::FILE* input = isStandardInput ? stdin : std::fopen(file.c_str(), "rb");
+    if (input == nullptr) throw FileFailure(file, "cannot read", std::strerror(errno));
+    std::string text;
+    char buffer[65536];
+    std::size_t count = 0;
+    while ((count = std::fread(buffer, 1, sizeof buffer, input)) > 0) text.append(buffer, count);
+    const int error = std::ferror(input) ? errno : 0;
+    if (!isStandardInput) std::fclose(input);
+    if (error != 0) throw FileFailure(file, "cannot read", std::strerror(error));
+    return text;
+}
+
+std::vector<Terrix> ReadProfiles(const std::string& file, const boost::optional<UnitNames>& units) {
+    const std::string text = ReadInput(file);
+    try {
+        return ImportProfiles(text, units);
+    } catch (const std::exception& error) {
+        std::string detail = error.what();
+        if (detail == "Unable to deduce units")
+            detail += "\nThe water unit weight and atmospheric pressure of the control section match no pair of "
+                      "known units; pass the units of the file with --units FORCE LENGTH, e.g. --units kN m";
+        throw FileFailure(file, "cannot import", detail);
+    }
+}
+
+std::vector<std::size_t> SelectProfiles(const std::vector<Terrix>& profiles, const std::string& selection) {
+    std::vector<std::size_t> chosen;
+    if (selection.empty()) {
+        for (std::size_t i = 0; i < profiles.size(); ++i) chosen.push_back(i);
+        return chosen;
+    }
+    if (selection[0] == '#') {
+        const std::string digits = selection.substr(1);
+        if (!IsIndex(digits)) throw UsageError("--profile " + selection + ": an index is '#' and digits, e.g. #0");
+        const unsigned long long index = std::stoull(digits);
+        if (index >= profiles.size())
+            throw UsageError("--profile " + selection + ": the file holds " + std::to_string(profiles.size()) +
+                             (profiles.size() == 1 ? " profile" : " profiles") + " (#0 to #" +
+                             std::to_string(profiles.size() - 1) + ")");
+        chosen.push_back(static_cast<std::size_t>(index));
+        return chosen;
+    }
+    for (std::size_t i = 0; i < profiles.size(); ++i)
+        if (NameOf(profiles[i]) == selection) return {i};
+    throw UsageError("--profile " + selection + ": no profile of that name");
+}
+
+UnitNames UnitsOf(const Terrix& profile) {
+    return UnitNames{profile.GetUnitSystem().GetForceUnitName(), profile.GetUnitSystem().GetLengthUnitName()};
+}
+
+std::string NameOf(const Terrix& profile) { return profile.GetTerrixInputData().controlSection.profileName; }
+
+int VersionNumberOf(const Terrix& profile) { return static_cast<int>(profile.GetVersion()); }
+
+std::list<std::string> HeaderLinesOf(const Terrix& profile) {
+    std::list<std::string> lines;
+    const std::string header = profile.GetHeader();
+    if (header.empty()) return lines;
+    std::string::size_type start = 0;
+    for (;;) {
+        const std::string::size_type end = header.find('\n', start);
+        lines.push_back(header.substr(start, end == std::string::npos ? std::string::npos : end - start));
+        if (end == std::string::npos) return lines;
+        start = end + 1;
+    }
+}
+
+void WriteOutput(const std::string& out, const std::string& text) {
+    if (out.empty() || out == "-") {
+        std::cout << text << std::flush;
+        if (!std::cout) throw Failure("standard output: cannot write");
+        return;
+    }
+    std::ofstream file(out, std::ios::binary);
+    if (!file) throw FileFailure(out, "cannot write", std::strerror(errno));
+    file << text;
+    file.close();
+    if (!file) throw FileFailure(out, "cannot write", std::strerror(errno));
+}
+
+}  // namespace TerrixTool

@@ -1,0 +1,99 @@
+// terrix: how an engineer uses TerrixExchange without writing C++. It checks
+// that TERRIX files import, dumps what the library reads as JSON, and writes
+// files back, normalised or in other units.
+
+#include <iostream>
+#include <memory>
+#include <string>
+
+#include <CLI/CLI.hpp>
+
+#include "Commands.h"
+#include "ToolError.h"
+
+namespace {
+
+const char* const footer = R"(FILE may be - for standard input. A file may hold one profile or several,
+separated by the line "### New soil profile".
+
+Units
+  FORCE is one of N kN MN GN mN lbf kipf kgf, LENGTH one of km m dm cm mm in ft.
+  Without --units the units of each profile are deduced from the unit weight
+  of water (GAMMAW) and the atmospheric pressure (ATMPRS) of its control
+  section: the unit pair whose sizes lie within 5 per cent of what sea water
+  (10.0518 kN/m3) and the air (101.3 kN/m2) give; when none does, the command
+  fails with "Unable to deduce units" and you pass --units.
+
+check
+  Prints "FILE: OK" with the version, the number of profiles and the units
+  for each file that imports; goes on with the next file after a failure.
+
+dump
+  JSON {"profiles": [...]}: version, name, header, units and the sections of
+  each profile. Every number is the library's own value in N and m (stresses
+  in Pa, unit weights in N/m3, angles in radians), written with the shortest
+  text that reads back as the same double; NaN and infinities are the
+  strings "NaN", "Infinity" and "-Infinity"; an absent optional is null.
+
+convert
+  Writes the profiles back, each with its own header lines and, unless --to
+  is given, in the units it was read in. With --to, the columns that the
+  format keeps as plain numbers although they carry a dimension are not
+  converted; each such column that holds a value other than 0 is named on
+  standard error. Nothing is written when the input does not import.
+
+--profile NAME picks the first profile of that name, #INDEX the profile at
+that place, counted from #0.
+
+Exit status
+  0 success; 1 a file could not be read, imported or written, or a unit name
+  is unknown; 2 wrong usage, also a --profile that the file does not hold.
+  Errors go to standard error: "terrix: FILE: cannot import", then the
+  library's error text unchanged (for an import error its four lines: the
+  line number, the message, the section and the line found).)";
+
+// Help as CLI11 writes it, but an option of two values shows its two names
+// ("--units FORCE LENGTH") without CLI11's count ("x 2").
+class Formatter : public CLI::Formatter {
+public:
+    std::string make_option_opts(const CLI::Option* option) const override {
+        std::string text = CLI::Formatter::make_option_opts(option);
+        const std::string count = " x 2";
+        if (text.size() > count.size() && text.compare(text.size() - count.size(), count.size(), count) == 0)
+            text.erase(text.size() - count.size());
+        return text;
+    }
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    CLI::App app("terrix: check, dump and convert TERRIX input files of the soil-data generator", "terrix");
+    app.formatter(std::make_shared<Formatter>());
+    app.footer(footer);
+    app.require_subcommand(1);
+
+    TerrixTool::CommandRun run;
+    TerrixTool::AddCheckCommand(app, run);
+    TerrixTool::AddDumpCommand(app, run);
+    TerrixTool::AddConvertCommand(app, run);
+
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        if (error.get_exit_code() == 0) return app.exit(error);  // --help
+        std::cerr << "terrix: " << error.what() << "\nRun 'terrix --help' for the commands and their options."
+                  << std::endl;
+        return 2;
+    }
+
+    try {
+        return run();
+    } catch (const TerrixTool::UsageError& error) {
+        std::cerr << "terrix: " << error.what() << std::endl;
+        return 2;
+    } catch (const std::exception& error) {
+        std::cerr << "terrix: " << error.what() << std::endl;
+        return 1;
+    }
+}
