@@ -161,6 +161,13 @@ TEST(MultipleSoilProfiles, WhatMayFollowTheLastProfile) {
         crlf += c;
     }
     ExpectSameProfiles(Imported(text), Imported(crlf));
+
+    // Anything else after the last profile is reported on its own line.
+    const std::string trailing = text + "\nleft over\n";
+    const int line = static_cast<int>(std::count(text.begin(), text.end(), '\n')) + 2;
+    EXPECT_EQ(ImportErrorOf([&] { Imported(trailing); }),
+              ImportErrorText(line, "Expected: ### New soil profile", "GIVEN SOIL DISPLACEMENTS AND OPEN HOLE SECTION",
+                              "left over"));
 }
 
 TEST(MultipleSoilProfiles, AMissingMarkerIsAnError) {

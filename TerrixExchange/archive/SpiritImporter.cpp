@@ -294,6 +294,10 @@ bool SpiritImporter<Iterator>::EndOfProfiles() {
         const bool endLine =
             qi::parse(it, last_, *blank >> qi::lit("END OF TERRIX INPUT FILE") >> *blank >> &(qi::eol | qi::eoi));
         if (!empty && !endLine && !AtCommentLine()) {
+            // The marker of a further profile, or text that has no place
+            // after a profile: the error names that text's own line.
+            it = position_;
+            if (!qi::parse(it, last_, *blank >> qi::lit("###"))) RaiseImportError("Expected: ### New soil profile");
             SetPosition(start);
             return false;
         }

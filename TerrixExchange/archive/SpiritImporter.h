@@ -120,7 +120,9 @@ public:
     bool VersionLine(int& year, int& month, int& day);
     // What may follow the last profile of a file: empty lines, comment lines
     // and the end line. True, with all of it consumed, when nothing else
-    // follows; false, with nothing consumed, otherwise.
+    // follows; false, with nothing consumed, when the marker of a further
+    // profile follows; the error "Expected: ### New soil profile" on the
+    // first line that is neither.
     bool EndOfProfiles();
     // The line "### New soil profile" that separates two profiles.
     void ProfileMarker();
