@@ -2,14 +2,9 @@
 // with a command line and looks at its standard output, standard error and
 // exit status.
 
-#include <fcntl.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <limits>
 #include <sstream>
 #include <string>
@@ -20,28 +15,14 @@
 
 #include <TerrixExchange/document/Terrix.h>
 
+#include "ToolTestSupport.h"
+
 namespace {
 
 using TerrixExchange::Terrix;
 using TerrixExchange::Version;
-
-struct ToolRun {
-    int status = -1;
-    std::string out;
-    std::string err;
-};
-
-std::string ReadFile(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
-
-void WriteFile(const std::filesystem::path& path, const std::string& text) {
-    std::ofstream file(path, std::ios::binary);
-    file << text;
-}
+using TerrixToolTesting::ReadFile;
+using TerrixToolTesting::ToolRun;
 
 const std::string examplePath = TERRIX_EXAMPLES_DIR "/offshore-v5.terrix";
 
@@ -69,61 +50,7 @@ std::string WithoutEndLine(const std::string& text) {
     return text.substr(0, text.size() - endLine.size());
 }
 
-class TerrixToolTest : public ::testing::Test {
-protected:
-    void SetUp() override {
-        std::string pattern = (std::filesystem::temp_directory_path() / "terrix-tool-XXXXXX").string();
-        ASSERT_NE(mkdtemp(pattern.data()), nullptr);
-        directory_ = pattern;
-    }
-    void TearDown() override { std::filesystem::remove_all(directory_); }
-
-    // A file of the test's own directory with the given text.
-    std::string File(const std::string& name, const std::string& text) {
-        WriteFile(directory_ / name, text);
-        return (directory_ / name).string();
-    }
-    std::string Path(const std::string& name) const { return (directory_ / name).string(); }
-
-    // Runs terrix with the arguments, `input` on its standard input.
-    ToolRun Run(const std::vector<std::string>& arguments, const std::string& input = "") {
-        const std::filesystem::path in = directory_ / "stdin";
-        const std::filesystem::path out = directory_ / "stdout";
-        const std::filesystem::path err = directory_ / "stderr";
-        WriteFile(in, input);
-        std::vector<std::string> words{TERRIX_TOOL_PATH};
-        words.insert(words.end(), arguments.begin(), arguments.end());
-        std::vector<char*> argv;
-        for (std::string& word : words) argv.push_back(word.data());
-        argv.push_back(nullptr);
-
-        const pid_t child = fork();
-        if (child == 0) {
-            const int inFile = open(in.c_str(), O_RDONLY);
-            const int outFile = open(out.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-            const int errFile = open(err.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-            if (inFile < 0 || outFile < 0 || errFile < 0) _exit(126);
-            dup2(inFile, 0);
-            dup2(outFile, 1);
-            dup2(errFile, 2);
-            execv(argv[0], argv.data());
-            _exit(127);
-        }
-        ToolRun run;
-        int status = 0;
-        if (child < 0 || waitpid(child, &status, 0) != child) {
-            ADD_FAILURE() << "could not run " << TERRIX_TOOL_PATH;
-            return run;
-        }
-        run.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-        run.out = ReadFile(out);
-        run.err = ReadFile(err);
-        return run;
-    }
-
-private:
-    std::filesystem::path directory_;
-};
+using TerrixToolTest = TerrixToolTesting::ToolTest;
 
 TEST_F(TerrixToolTest, CheckPrintsOkWithVersionProfileCountAndUnits) {
     const ToolRun file = Run({"check", examplePath});
@@ -234,7 +161,7 @@ TEST_F(TerrixToolTest, UnknownUnitNamesExit1AndAreNamed) {
 TEST_F(TerrixToolTest, HelpDocumentsTheChoicesAndExits0) {
     const ToolRun run = Run({"--help"});
     EXPECT_EQ(run.status, 0);
-    for (const char* text : {"check", "dump", "convert", "Unable to deduce units", "--units", "#INDEX",
+    for (const char* text : {"check", "show", "dump", "convert", "Unable to deduce units", "--units", "#INDEX",
                              "shortest", "\"NaN\"", "Exit status"})
         EXPECT_NE(run.out.find(text), std::string::npos) << text;
     const ToolRun convert = Run({"convert", "--help"});

@@ -16,6 +16,7 @@ namespace TerrixTool {
 using CommandRun = std::function<int()>;
 
 void AddCheckCommand(CLI::App& app, CommandRun& run);
+void AddShowCommand(CLI::App& app, CommandRun& run);
 void AddDumpCommand(CLI::App& app, CommandRun& run);
 void AddConvertCommand(CLI::App& app, CommandRun& run);
 

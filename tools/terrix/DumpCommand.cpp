@@ -3,6 +3,7 @@
 #include "Commands.h"
 #include "Json.h"
 #include "Profiles.h"
+#include "QueriesJson.h"
 #include "SectionsJson.h"
 
 namespace TerrixTool {
@@ -19,7 +20,7 @@ struct DumpOptions {
 
 // One profile: what the library holds, then what it answers. Every number is
 // in database units (N, m, Pa, N/m3, radians).
-Json ProfileJson(const TerrixExchange::Terrix& profile, const DumpOptions&) {
+Json ProfileJson(const TerrixExchange::Terrix& profile, const DumpOptions& options) {
     const UnitNames units = UnitsOf(profile);
     Json json = Json::object();
     json["version"] = VersionNumberOf(profile);
@@ -27,8 +28,8 @@ Json ProfileJson(const TerrixExchange::Terrix& profile, const DumpOptions&) {
     json["header"] = JsonText(profile.GetHeader());
     json["units"] = Json{{"force", units.force}, {"length", units.length}};
     json["sections"] = SectionsJson(profile);
-    // The profile-wide answers ("parameters") and the layers ("layers", as
-    // split and merged unless --no-split) follow here.
+    json["parameters"] = ParametersJson(profile);
+    json["layers"] = LayersJson(profile, !options.noSplit);
     return json;
 }
 
@@ -46,7 +47,7 @@ int RunDump(const DumpOptions& options) {
 void AddDumpCommand(CLI::App& app, CommandRun& run) {
     auto options = std::make_shared<DumpOptions>();
     CLI::App* command = app.add_subcommand(
-        "dump", "JSON of what the library holds for each profile, every number in N and m");
+        "dump", "JSON of what the library holds and answers for each profile, in N and m");
     AddUnitsOption(*command, options->units);
     AddProfileOption(*command, options->profile);
     AddNoSplitOption(*command, options->noSplit);

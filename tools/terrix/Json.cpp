@@ -1,5 +1,6 @@
 #include "Json.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 
@@ -7,12 +8,15 @@ namespace TerrixTool {
 
 namespace {
 
-// std::to_chars without a format gives the shortest text that reads back as
-// the same double; nlohmann's own writer does not promise the shortest.
+// The shortest digits that read back as the same double (std::to_chars
+// promises them; nlohmann's own writer does not), in plain decimals unless
+// that takes more than 21 characters (400000 rather than 4e+05).
 std::string ShortestText(double value) {
-    char buffer[64];
-    const auto result = std::to_chars(buffer, buffer + sizeof buffer, value);
-    return std::string(buffer, result.ptr);
+    char buffer[400];
+    const auto fixed = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed);
+    if (fixed.ec == std::errc() && fixed.ptr - buffer <= 21) return std::string(buffer, fixed.ptr);
+    const auto shortest = std::to_chars(buffer, buffer + sizeof buffer, value);
+    return std::string(buffer, shortest.ptr);
 }
 
 void Write(const Json& value, int depth, std::string& text) {
@@ -25,6 +29,17 @@ void Write(const Json& value, int depth, std::string& text) {
         case Json::value_t::array: {
             if (value.empty()) {
                 text += "[]";
+                return;
+            }
+            // A list of plain values (a vector, a pair of level and stress,
+            // the factors of a row) stands on one line.
+            if (std::none_of(value.begin(), value.end(), [](const Json& e) { return e.is_structured(); })) {
+                text += "[";
+                for (auto element = value.begin(); element != value.end(); ++element) {
+                    if (element != value.begin()) text += ", ";
+                    Write(*element, depth + 1, text);
+                }
+                text += "]";
                 return;
             }
             text += "[\n";

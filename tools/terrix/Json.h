@@ -3,7 +3,9 @@
 // The JSON of terrix dump. Objects keep their keys in the order they are
 // added, so a section's parameters stand in the order of the file.
 
+#include <cstdint>
 #include <string>
+#include <vector>
 
 #include <boost/optional.hpp>
 #include <nlohmann/json.hpp>
@@ -23,10 +25,19 @@ Json JsonNumber(TerrixExchange::Units::Runtime::Quantity<Phenomenon> value) {
     return JsonNumber(value.GetValue());
 }
 inline Json JsonNumber(int value) { return Json(value); }
+inline Json JsonNumber(std::uint64_t value) { return Json(value); }
 // An empty optional is null.
 template <class Value>
 Json JsonNumber(const boost::optional<Value>& value) {
     return value ? JsonNumber(*value) : Json(nullptr);
+}
+
+// A list of numbers (a vector of the file, a line of a curve) as a JSON array.
+template <class Value>
+Json JsonNumbers(const std::vector<Value>& values) {
+    Json list = Json::array();
+    for (const Value& value : values) list.push_back(JsonNumber(value));
+    return list;
 }
 
 // A text of the file as a JSON string. JSON text is UTF-8; a text that is
@@ -34,8 +45,9 @@ Json JsonNumber(const boost::optional<Value>& value) {
 // Latin-1, so that every byte keeps its meaning instead of being dropped.
 Json JsonText(const std::string& text);
 
-// The text of a JSON value, indented by two blanks per level, each real
-// written with the shortest text that reads back as the same double.
+// The text of a JSON value, indented by two blanks per level, a list of
+// plain values on one line ("[0.9, 1, 0]"), each real written with the
+// shortest text that reads back as the same double.
 std::string WriteJson(const Json& value);
 
 }  // namespace TerrixTool

@@ -56,7 +56,8 @@ void SkinFrictionAndTipResistanceV4Columns(const SkinFrictionAndTipResistanceSec
         .Column("SIG-TIP", [](const Record& r) { return r.SIG_TIP; });
 }
 
-// Version 5: unit weight, CPT values and shear strength per main layer.
+// Version 5: unit weight, CPT values, shear strength and initial modulus
+// per main layer.
 void SoilMainLayersAndPropertiesColumns(const SoilMainLayersAndPropertiesSection& section,
                                         std::vector<PlainNumberColumn>& columns) {
     using Record = SoilMainLayersAndPropertiesSectionRecord;
@@ -65,7 +66,8 @@ void SoilMainLayersAndPropertiesColumns(const SoilMainLayersAndPropertiesSection
         .Column("CPTTOP", [](const Record& r) { return r.CPTTOP; })
         .Column("CPTBOT", [](const Record& r) { return r.CPTBOT; })
         .Column("SUTOP", [](const Record& r) { return r.SUTOP; })
-        .Column("SUBOT", [](const Record& r) { return r.SUBOT; });
+        .Column("SUBOT", [](const Record& r) { return r.SUBOT; })
+        .Column("AK", [](const Record& r) { return r.AK; });
 }
 
 // Version 5: skin friction and tip resistance per main layer.
@@ -82,6 +84,15 @@ void SkinFrictionAndTipResistanceV5Columns(const SkinFrictionAndTipResistanceSec
         .Column("TZZRES", [](const Record& r) { return r.TZZRES; });
 }
 
+// Both versions: the gap that a P-Y modification row adds on the Y axis is
+// a length; the other factors are ratios.
+void PyModificationColumns(const PyLateralResistanceDataModificationSection& section,
+                           std::vector<PlainNumberColumn>& columns) {
+    using Record = PyLateralResistanceDataModificationSectionRecord;
+    Table(PyModificationRows::title, section.records, columns)
+        .Column("Y-GAP", [](const Record& r) { return r.modification.Y_GAP; });
+}
+
 }  // namespace
 
 std::vector<PlainNumberColumn> NonZeroPlainNumberColumns(const Terrix& profile) {
@@ -94,6 +105,8 @@ std::vector<PlainNumberColumn> NonZeroPlainNumberColumns(const Terrix& profile) 
         SoilMainLayersAndPropertiesColumns(data.soilMainLayersAndPropertiesSection, columns);
         SkinFrictionAndTipResistanceV5Columns(data.skinFrictionAndTipResistanceSectionV5, columns);
     }
+    if (profile.GetVersion() == Version::V4 || profile.GetVersion() == Version::V5)
+        PyModificationColumns(data.pyLateralResistanceDataModificationSection, columns);
     return columns;
 }
 

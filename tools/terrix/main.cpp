@@ -1,6 +1,7 @@
 // terrix: how an engineer uses TerrixExchange without writing C++. It checks
-// that TERRIX files import, dumps what the library reads as JSON, and writes
-// files back, normalised or in other units.
+// that TERRIX files import, shows a profile for people, dumps what the
+// library reads and answers as JSON, and writes files back, normalised or in
+// other units.
 
 #include <iostream>
 #include <memory>
@@ -27,13 +28,34 @@ Units
 check
   Prints "FILE: OK" with the version, the number of profiles and the units
   for each file that imports; goes on with the next file after a failure.
+  After the last profile a file may hold only empty lines, comment lines and
+  the end line; any other text is an import error at its line.
+
+show
+  For each profile: its header, version, name and units; its profile-wide
+  parameters; a table of its layers (the numbered layers they cover, levels,
+  soil type, friction angle in degrees, unit weight, undrained shear strength
+  Su at the levels the file gives it: 0 and 100 in version 4, the main
+  layer's top and bottom in version 5) and a table of their curves (P-Y, T-Z
+  and Q-Z codes, the manual curves of each kind, the kinds whose
+  modification factors are not all 1). Values are in the units of the file;
+  the unit weights and strengths that version 5 keeps as the numbers the
+  file gives are shown as they stand. Numbers are shown with up to six
+  significant digits (dump gives every digit). A query that fails shows
+  "error" in place and its message under the layer.
 
 dump
-  JSON {"profiles": [...]}: version, name, header, units and the sections of
-  each profile. Every number is the library's own value in N and m (stresses
-  in Pa, unit weights in N/m3, angles in radians), written with the shortest
-  text that reads back as the same double; NaN and infinities are the
-  strings "NaN", "Infinity" and "-Infinity"; an absent optional is null.
+  JSON {"profiles": [...]}: version, name, header, units, the sections,
+  "parameters" (every profile-wide query, e.g. "ZSeafloor") and "layers"
+  (each layer with every per-layer query, e.g. "Phi", "SUz", "PyData") of
+  each profile. Sections are keyed by their titles, parameters by their names
+  and table columns by the titles of their header line ("SKINC TOP"). Every
+  number is the library's own value in N and m (stresses in Pa, unit weights
+  in N/m3, angles in radians), written with the shortest text that reads
+  back as the same double; NaN and infinities are the strings "NaN",
+  "Infinity" and "-Infinity"; an absent optional is null; a query that
+  fails is {"error": MESSAGE} in place of its answer. Maps from level or
+  displacement are [key, value] pairs in ascending key order.
 
 convert
   Writes the profiles back, each with its own header lines and, unless --to
@@ -43,7 +65,10 @@ convert
   standard error. Nothing is written when the input does not import.
 
 --profile NAME picks the first profile of that name, #INDEX the profile at
-that place, counted from #0.
+that place, counted from #0. --no-split (show, dump) gives the layers as
+the layer divisions of the file give them; without it, a version 4 division
+is cut into its numbered layers and neighbours whose curve data agree are
+joined again (version 5 layers are its main layers either way).
 
 Exit status
   0 success; 1 a file could not be read, imported or written, or a unit name
@@ -68,13 +93,14 @@ public:
 }  // namespace
 
 int main(int argc, char** argv) {
-    CLI::App app("terrix: check, dump and convert TERRIX input files of the soil-data generator", "terrix");
+    CLI::App app("terrix: check, show, dump and convert TERRIX input files of the soil-data generator", "terrix");
     app.formatter(std::make_shared<Formatter>());
     app.footer(footer);
     app.require_subcommand(1);
 
     TerrixTool::CommandRun run;
     TerrixTool::AddCheckCommand(app, run);
+    TerrixTool::AddShowCommand(app, run);
     TerrixTool::AddDumpCommand(app, run);
     TerrixTool::AddConvertCommand(app, run);
 

@@ -1,0 +1,44 @@
+#pragma once
+
+// What the library answers about a profile, as JSON: the profile-wide
+// parameters and the computational layers with every per-layer answer. The
+// dump writes it; show prints it for people, so the two always agree.
+
+#include <TerrixExchange/document/Terrix.h>
+
+#include "Json.h"
+
+namespace TerrixTool {
+
+// Every profile-wide getter, keyed by its name without "Get"
+// ("WaterUnitWeight", "ZSeafloor", ...), in the order of the file's
+// sections. A getter that throws is {"error": its message}.
+Json ParametersJson(const TerrixExchange::Terrix& profile);
+
+// The layers of GetLayers(split), or {"error": its message} when that call
+// throws. Each layer has mainLayer, firstLayer, layerCount, zTop and zBottom,
+// then every per-layer getter keyed by its name without "Get"; a getter that
+// throws is {"error": its message} in its place, the other keys still filled.
+// An ordered map is an array of [key, value] pairs in ascending key order;
+// curve data are {"code", "manualCurves", "modifications"}, "code" only for
+// the kinds that have one (P-Y, T-Z, Q-Z).
+Json LayersJson(const TerrixExchange::Terrix& profile, bool split);
+
+// The six kinds of curve data of a layer, in the order of LayersJson: the
+// key of its answer ("PyData", ..., "BMthetaData"), its name for people
+// ("P-Y", "M-theta"), whether its data carry a curve code, the factors that
+// leave a curve of the kind as it is (as LayersJson writes factors), and
+// the answer for a layer.
+struct CurveKind {
+    const char* key;
+    const char* name;
+    bool hasCode;
+    Json identityFactors;
+    Json (*answer)(const TerrixExchange::Terrix& profile, const TerrixExchange::Layer& layer);
+};
+const std::vector<CurveKind>& CurveKinds();
+
+// "Sand", "Clay" or "Undefined".
+const char* SoilTypeName(TerrixExchange::Terrix::SoilType type);
+
+}  // namespace TerrixTool
