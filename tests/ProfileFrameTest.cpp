@@ -2,6 +2,7 @@
 // separators between sections and the end line.
 
 #include <algorithm>
+#include <fstream>
 #include <sstream>
 
 #include <gtest/gtest.h>
@@ -126,4 +127,21 @@ TEST(ProfileFrame, TheStreamKeepsItsOwnWhiteSpaceFlag) {
     Terrix profile;
     profile.Import(in, "kN", "m");
     EXPECT_TRUE(in.flags() & std::ios::skipws);
+}
+
+TEST(ProfileFrame, ExamplesWrittenInPoundsAndFeetComeBackUnchanged) {
+    for (const char* name : {"north-sea-v4.terrix", "north-sea-v5.terrix", "offshore-v5.terrix"}) {
+        SCOPED_TRACE(name);
+        std::ifstream file(std::string(TERRIX_EXAMPLES_DIR) + "/" + name);
+        Terrix profile;
+        profile.Import(file, "kN", "m");
+        const std::string inKilonewtonMetre = Export(profile, {}, true);
+
+        std::ostringstream inPoundsFeet;
+        profile.Export(inPoundsFeet, "lbf", "ft", {}, true);
+        std::istringstream back(inPoundsFeet.str());
+        Terrix again;
+        again.Import(back, "lbf", "ft");
+        EXPECT_EQ(Export(again, {}, true), inKilonewtonMetre);
+    }
 }
