@@ -4,9 +4,11 @@
 // tests: an importer over a string, an exporter into a string, and the
 // message of an import error.
 
+#include <cstddef>
 #include <functional>
 #include <sstream>
 #include <string>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -56,11 +58,76 @@ inline std::string ImportErrorOf(const std::function<void()>& action) {
     return "";
 }
 
+// The number of the line on which `part` first stands in `text`.
+inline int LineOf(const std::string& text, const std::string& part) {
+    const std::size_t at = text.find(part);
+    EXPECT_NE(at, std::string::npos) << part;
+    int line = 1;
+    for (std::size_t i = 0; i < at && i < text.size(); ++i) line += text[i] == '\n' ? 1 : 0;
+    return line;
+}
+
+// `text` as a DOS editor saves it: every "\n" as "\r\n".
+inline std::string WithCrLf(const std::string& text) {
+    std::string crlf;
+    for (char c : text) crlf += c == '\n' ? std::string("\r\n") : std::string(1, c);
+    return crlf;
+}
+
 // The four lines of an import error.
 inline std::string ImportErrorText(int line, const std::string& message, const std::string& section,
                                    const std::string& found) {
     return "Import error in line " + std::to_string(line) + ":\n" + message + "\nWhile importing section: '" +
            section + "'\nFound: '" + found + "'";
+}
+
+// `text` with the first `from` replaced by `to`, so that a bad input can be
+// made from a good one; fails the test when `from` does not occur.
+inline std::string Replaced(std::string text, const std::string& from, const std::string& to) {
+    const std::size_t at = text.find(from);
+    EXPECT_NE(at, std::string::npos) << from;
+    return at == std::string::npos ? text : text.replace(at, from.size(), to);
+}
+
+// How a single section is read and written: Counted(n) for a section that the
+// profile tells how many rows, layers or curves follow (from the control
+// section's counts), Uncounted for a section that needs no count.
+inline auto Counted(std::size_t count) {
+    return [count](auto& section, auto& archive) { section.Serialize(archive, count); };
+}
+inline const auto Uncounted = [](auto& section, auto& archive) { section.Serialize(archive); };
+
+// The section that `serialize` reads from `text`, read over `section`.
+template <class Section, class Serialize>
+Section ReadSection(const std::string& text, const Serialize& serialize, const std::string& forceUnit = "kN",
+                    const std::string& lengthUnit = "m", Section section = Section()) {
+    ReadText(text, [&](Importer& importer) { serialize(section, importer); }, forceUnit, lengthUnit);
+    return section;
+}
+
+// The text that `serialize` writes of `section`.
+template <class Section, class Serialize>
+std::string WriteSection(Section section, const Serialize& serialize, const std::string& forceUnit = "kN",
+                         const std::string& lengthUnit = "m") {
+    return WriteText([&](Exporter& exporter) { serialize(section, exporter); }, forceUnit, lengthUnit);
+}
+
+// The whole import error that reading `text` as the section raises.
+template <class Section, class Serialize>
+std::string SectionErrorOf(const std::string& text, const Serialize& serialize, Section section = Section()) {
+    return ImportErrorOf([&] { ReadSection<Section>(text, serialize, "kN", "m", section); });
+}
+
+// Written in kN and m, and in N and mm, and read back in the same units: the
+// same values.
+template <class Section, class Serialize>
+void ExpectRoundTrips(const Section& section, const Serialize& serialize) {
+    for (const auto& units : {std::make_pair("kN", "m"), std::make_pair("N", "mm")}) {
+        const std::string text = WriteSection(section, serialize, units.first, units.second);
+        EXPECT_TRUE(ReadSection<Section>(text, serialize, units.first, units.second) == section)
+            << units.first << " " << units.second << ":\n"
+            << text;
+    }
 }
 
 }}  // namespace TerrixExchange::Testing

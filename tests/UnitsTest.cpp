@@ -2,11 +2,9 @@
 // conversion to the database units (N and m) and back, and the deduction of
 // a file's units from its water unit weight and atmospheric pressure.
 
-#include <cmath>
-#include <limits>
 #include <sstream>
-#include <stdexcept>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -16,13 +14,15 @@
 #include <TerrixPlatform/Units/Runtime/FastUnitConverter.h>
 #include <TerrixPlatform/Units/Runtime/UnitSystem.h>
 
+#include "ProfileComparison.h"
+#include "QueryTestSupport.h"
+#include "TestSupport.h"
+
 namespace {
 
 using namespace TerrixExchange;
+using namespace TerrixExchange::Testing;
 using namespace TerrixExchange::Units::Runtime;
-
-const std::vector<std::string> forceUnits = {"N", "kN", "MN", "GN", "mN", "lbf", "kipf", "kgf"};
-const std::vector<std::string> lengthUnits = {"km", "m", "dm", "cm", "mm", "in", "ft"};
 
 const DynamicDimension force = ForcePhenomenon::dimension;
 const DynamicDimension length = LengthPhenomenon::dimension;
@@ -31,58 +31,47 @@ const DynamicDimension stress = StressPhenomenon::dimension;
 const DynamicDimension unitWeight = ForcePerUnitVolumePhenomenon::dimension;
 const DynamicDimension angle = AnglePhenomenon::dimension;
 
+// The unit names a caller may give, with their exact sizes in N and m.
+const std::vector<std::pair<std::string, double>> forceUnits = {
+    {"N", 1.0},    {"kN", 1000.0}, {"MN", 1.0e6},   {"GN", 1.0e9},
+    {"mN", 0.001}, {"lbf", 4.4482216152605}, {"kipf", 4448.2216152605}, {"kgf", 9.80665}};
+const std::vector<std::pair<std::string, double>> lengthUnits = {
+    {"km", 1000.0}, {"m", 1.0}, {"dm", 0.1}, {"cm", 0.01}, {"mm", 0.001}, {"in", 0.0254}, {"ft", 0.3048}};
+
 TEST(Units, EveryUnitNameHasItsExactSize) {
-    const std::vector<std::pair<std::string, double>> forces = {
-        {"N", 1.0},      {"kN", 1000.0},  {"MN", 1.0e6},   {"GN", 1.0e9},
-        {"mN", 0.001},   {"lbf", 4.4482216152605}, {"kipf", 4448.2216152605}, {"kgf", 9.80665}};
-    for (const auto& [name, size] : forces) {
+    for (const auto& [name, size] : forceUnits) {
         double found = 0.0;
-        EXPECT_TRUE(TryGetForceUnitSize(name, found)) << name;
-        EXPECT_EQ(found, size) << name;
+        EXPECT_TRUE(TryGetForceUnitSize(name, found) && found == size) << name;
         EXPECT_EQ(UnitSystem(name, "m").ConvertFromUnitSystem(1.0, force), size) << name;
     }
-    const std::vector<std::pair<std::string, double>> lengths = {
-        {"km", 1000.0}, {"m", 1.0}, {"dm", 0.1}, {"cm", 0.01}, {"mm", 0.001}, {"in", 0.0254}, {"ft", 0.3048}};
-    for (const auto& [name, size] : lengths) {
+    for (const auto& [name, size] : lengthUnits) {
         double found = 0.0;
-        EXPECT_TRUE(TryGetLengthUnitSize(name, found)) << name;
-        EXPECT_EQ(found, size) << name;
+        EXPECT_TRUE(TryGetLengthUnitSize(name, found) && found == size) << name;
         EXPECT_EQ(UnitSystem("N", name).ConvertFromUnitSystem(1.0, length), size) << name;
     }
     // A force name is no length name and the other way round.
     double size = 0.0;
     EXPECT_FALSE(TryGetLengthUnitSize("kN", size));
     EXPECT_FALSE(TryGetForceUnitSize("m", size));
-
     // The database unit system is N and m.
     EXPECT_EQ(GetDatabaseUnitSystem(), UnitSystem("N", "m"));
-    EXPECT_EQ(GetDatabaseUnitSystem().GetForceUnitName(), "N");
-    EXPECT_EQ(GetDatabaseUnitSystem().GetLengthUnitName(), "m");
 }
 
 TEST(Units, AnUnknownUnitNameIsAnErrorThatNamesIt) {
     // Names are case-sensitive: "mN" and "MN" differ by a factor of 10^9.
-    const std::vector<std::pair<std::pair<std::string, std::string>, std::string>> cases = {
-        {{"kNN", "m"}, "Unknown force unit: 'kNN'"},
-        {{"KN", "m"}, "Unknown force unit: 'KN'"},
-        {{"", "m"}, "Unknown force unit: ''"},
-        {{"kN", "furlong"}, "Unknown length unit: 'furlong'"},
-        {{"kN", "M"}, "Unknown length unit: 'M'"},
-    };
-    for (const auto& [units, message] : cases) {
-        try {
-            UnitSystem system(units.first, units.second);
-            ADD_FAILURE() << "no error for " << units.first << " " << units.second;
-        } catch (const std::runtime_error& error) {
-            EXPECT_EQ(std::string(error.what()), message);
-        }
-    }
+    const std::vector<std::tuple<std::string, std::string, std::string>> cases = {
+        {"kNN", "m", "Unknown force unit: 'kNN'"},         {"KN", "m", "Unknown force unit: 'KN'"},
+        {"", "m", "Unknown force unit: ''"},               {"kN", "furlong", "Unknown length unit: 'furlong'"},
+        {"kN", "M", "Unknown length unit: 'M'"}};
+    for (const auto& [forceUnit, lengthUnit, message] : cases)
+        EXPECT_EQ(QueryErrorOf([&] { UnitSystem(forceUnit, lengthUnit); }), message);
     // The profile's entry points pass the error on.
     Terrix profile;
     std::ostringstream text;
-    EXPECT_THROW(profile.Export(text, "kN", "furlong", {}, true), std::runtime_error);
+    EXPECT_EQ(QueryErrorOf([&] { profile.Export(text, "kN", "furlong", {}, true); }),
+              "Unknown length unit: 'furlong'");
     std::istringstream input("TERRIX\n");
-    EXPECT_THROW(profile.Import(input, "pound", "ft"), std::runtime_error);
+    EXPECT_EQ(QueryErrorOf([&] { profile.Import(input, "pound", "ft"); }), "Unknown force unit: 'pound'");
 }
 
 // Decimal numbers as a file gives them, in the exporter's shortest text:
@@ -105,8 +94,7 @@ TEST(Units, KilonewtonMetreValuesConvertToDatabaseUnitsAndBackExactly) {
     for (DynamicDimension dimension : {force, length, moment, stress, unitWeight, angle}) {
         for (const std::string& text : DecimalTexts()) {
             const double database = kNm.ConvertFromUnitSystem(std::stod(text), dimension);
-            const double written = toKNm.Convert(database, dimension);
-            EXPECT_EQ(kNm.ConvertFromUnitSystem(written, dimension), database)
+            EXPECT_EQ(kNm.ConvertFromUnitSystem(toKNm.Convert(database, dimension), dimension), database)
                 << text << " of dimension F^" << dimension.force << " L^" << dimension.length;
         }
     }
@@ -123,9 +111,8 @@ TEST(Units, KilonewtonMetreValuesConvertToDatabaseUnitsAndBackExactly) {
 // same text, and a profile written in any units reads back to equal values.
 TEST(Units, DecimalValuesComeBackAsTheSameTextInEveryUnitSystem) {
     const std::vector<std::string> texts = DecimalTexts();
-    const std::vector<std::pair<std::string, std::string>> systems = {
-        {"kN", "m"}, {"N", "mm"}, {"lbf", "ft"}, {"kipf", "in"}, {"MN", "cm"}, {"kgf", "dm"}};
-    for (const auto& [forceUnit, lengthUnit] : systems) {
+    for (const auto& [forceUnit, lengthUnit] : std::vector<std::pair<std::string, std::string>>{
+             {"kN", "m"}, {"N", "mm"}, {"lbf", "ft"}, {"kipf", "in"}, {"MN", "cm"}, {"kgf", "dm"}}) {
         // Every text in kN and m, a share of them in the other systems.
         const std::size_t count = forceUnit == "kN" ? texts.size() : texts.size() / 8;
         for (std::size_t i = 0; i + 3 < count; i += 4) {
@@ -141,165 +128,117 @@ TEST(Units, DecimalValuesComeBackAsTheSameTextInEveryUnitSystem) {
                 text.replace(lineStart, nameAt - lineStart, std::string(10 - texts[t].size(), ' ') + texts[t]);
                 ++t;
             }
-            std::istringstream input(text);
-            Terrix profile;
-            profile.Import(input, forceUnit, lengthUnit);
+            const Terrix profile = ImportedText(text, forceUnit, lengthUnit);
             std::ostringstream output;
-            profile.Export(output, forceUnit, lengthUnit, {}, true);
+            Terrix(profile).Export(output, forceUnit, lengthUnit, {}, true);
             EXPECT_EQ(output.str(), text) << forceUnit << " " << lengthUnit;
 
             // Written in other units, read back: the same values.
-            std::stringstream other;
-            profile.Export(other, "N", "mm", {}, true);
-            Terrix back;
-            back.Import(other, "N", "mm");
-            const ControlSection& a = profile.GetTerrixInputData().controlSection;
-            const ControlSection& b = back.GetTerrixInputData().controlSection;
-            EXPECT_EQ(a.GAMMAW, b.GAMMAW);
-            EXPECT_EQ(a.ATMPRS, b.ATMPRS);
-            EXPECT_EQ(a.ZCYCL, b.ZCYCL);
-            EXPECT_EQ(a.SUSTIF, b.SUSTIF);
+            std::ostringstream other;
+            Terrix(profile).Export(other, "N", "mm", {}, true);
+            ExpectSameControlSection(profile.GetTerrixInputData().controlSection,
+                                     ImportedText(other.str(), "N", "mm").GetTerrixInputData().controlSection);
         }
     }
 }
 
 TEST(Units, ConversionFactorsFromDatabaseUnitsForEachDimension) {
     const FastUnitConverter toKNm(GetDatabaseUnitSystem(), UnitSystem("kN", "m"));
-    EXPECT_EQ(toKNm.GetConversionFactor(force), 0.001);
-    EXPECT_EQ(toKNm.GetConversionFactor(length), 1.0);
-    EXPECT_EQ(toKNm.GetConversionFactor(moment), 0.001);
-    EXPECT_EQ(toKNm.GetConversionFactor(stress), 0.001);
-    EXPECT_EQ(toKNm.GetConversionFactor(ForcePerUnitAreaPhenomenon::dimension), 0.001);
-    EXPECT_EQ(toKNm.GetConversionFactor(unitWeight), 0.001);
-    EXPECT_EQ(toKNm.GetConversionFactor(angle), 1.0);
-
     const FastUnitConverter toNmm(GetDatabaseUnitSystem(), UnitSystem("N", "mm"));
-    EXPECT_EQ(toNmm.GetConversionFactor(force), 1.0);
-    EXPECT_EQ(toNmm.GetConversionFactor(length), 1000.0);
-    EXPECT_EQ(toNmm.GetConversionFactor(moment), 1000.0);
-    EXPECT_EQ(toNmm.GetConversionFactor(stress), 1.0e-6);
-    EXPECT_EQ(toNmm.GetConversionFactor(unitWeight), 1.0e-9);
-    EXPECT_EQ(toNmm.GetConversionFactor(angle), 1.0);
+    const DynamicDimension forcePerArea = ForcePerUnitAreaPhenomenon::dimension;
+    const std::vector<std::tuple<DynamicDimension, double, double>> factors = {
+        // dimension, to kN and m, to N and mm
+        {force, 0.001, 1.0},        {length, 1.0, 1000.0},        {moment, 0.001, 1000.0},
+        {stress, 0.001, 1.0e-6},    {forcePerArea, 0.001, 1.0e-6}, {unitWeight, 0.001, 1.0e-9},
+        {angle, 1.0, 1.0}};
+    for (const auto& [dimension, kNm, Nmm] : factors) {
+        EXPECT_EQ(toKNm.GetConversionFactor(dimension), kNm) << "F^" << dimension.force << " L^" << dimension.length;
+        EXPECT_EQ(toNmm.GetConversionFactor(dimension), Nmm) << "F^" << dimension.force << " L^" << dimension.length;
+    }
 
-    // Imperial units: the factors are the inverses of the exact sizes.
-    const FastUnitConverter toKipIn(GetDatabaseUnitSystem(), UnitSystem("kipf", "in"));
-    EXPECT_DOUBLE_EQ(toKipIn.GetConversionFactor(force), 1.0 / 4448.2216152605);
-    EXPECT_DOUBLE_EQ(toKipIn.GetConversionFactor(length), 1.0 / 0.0254);
-    EXPECT_DOUBLE_EQ(toKipIn.GetConversionFactor(moment), 1.0 / (4448.2216152605 * 0.0254));
-    EXPECT_DOUBLE_EQ(toKipIn.GetConversionFactor(stress), 0.0254 * 0.0254 / 4448.2216152605);
-    EXPECT_DOUBLE_EQ(toKipIn.GetConversionFactor(unitWeight), 0.0254 * 0.0254 * 0.0254 / 4448.2216152605);
-    EXPECT_EQ(toKipIn.GetConversionFactor(angle), 1.0);
-
-    // Between two file unit systems, and back.
+    // Between two file unit systems in imperial and metric units, and back.
     const FastUnitConverter lbfFtToKNm(UnitSystem("lbf", "ft"), UnitSystem("kN", "m"));
     const FastUnitConverter kNmToLbfFt(UnitSystem("kN", "m"), UnitSystem("lbf", "ft"));
     EXPECT_DOUBLE_EQ(lbfFtToKNm.GetConversionFactor(stress), 4.4482216152605 / 1000.0 / (0.3048 * 0.3048));
     EXPECT_DOUBLE_EQ(lbfFtToKNm.GetConversionFactor(unitWeight) * kNmToLbfFt.GetConversionFactor(unitWeight), 1.0);
 }
 
-// The units deduced from a profile whose control section is written in
-// `forceUnit` and `lengthUnit`.
-bool DeduceFromExport(const Terrix& profile, const std::string& forceUnit, const std::string& lengthUnit,
-                      std::string& deducedForce, std::string& deducedLength) {
-    Terrix copy = profile;
+// Whether units are deduced from a profile whose control section is written
+// in `forceUnit` and `lengthUnit`, and the names as the deduction leaves them
+// (given as "unset").
+using Deduction = std::tuple<bool, std::string, std::string>;
+Deduction Deduced(const Terrix& profile, const std::string& forceUnit, const std::string& lengthUnit) {
     std::stringstream text;
-    copy.Export(text, forceUnit, lengthUnit, {"Written for the deduction"}, true);
-    return Terrix::TryDeduceUnits(text, deducedForce, deducedLength);
+    Terrix(profile).Export(text, forceUnit, lengthUnit, {"Written for the deduction"}, true);
+    Deduction deduction(false, "unset", "unset");
+    std::get<0>(deduction) = Terrix::TryDeduceUnits(text, std::get<1>(deduction), std::get<2>(deduction));
+    return deduction;
 }
 
-// The units deduced from a control section that gives these two numbers.
-bool DeduceFromNumbers(double gammaw, double atmprs, std::string& deducedForce, std::string& deducedLength) {
+const Deduction none(false, "unset", "unset");
+
+// A profile whose control section holds these two numbers, in N and m.
+Terrix WithWaterAndAir(double gammaw, double atmprs) {
     Terrix profile(Version::V4);
     profile.GetTerrixInputData().controlSection.GAMMAW = Quantity<ForcePerUnitVolumePhenomenon>(gammaw);
     profile.GetTerrixInputData().controlSection.ATMPRS = Quantity<StressPhenomenon>(atmprs);
-    // In N and m the numbers are written as they are held.
-    return DeduceFromExport(profile, "N", "m", deducedForce, deducedLength);
+    return profile;
 }
 
 TEST(UnitDeduction, EveryCandidatePairIsDeducedFromAControlSectionWrittenInIt) {
     for (Version version : {Version::V4, Version::V5}) {
         const Terrix profile(version);  // sea water 10.0518 kN/m3, air 101.3 kN/m2
-        for (const std::string& forceUnit : forceUnits) {
-            for (const std::string& lengthUnit : lengthUnits) {
-                std::string deducedForce = "unset";
-                std::string deducedLength = "unset";
-                EXPECT_TRUE(DeduceFromExport(profile, forceUnit, lengthUnit, deducedForce, deducedLength))
-                    << forceUnit << " " << lengthUnit;
-                EXPECT_EQ(deducedForce, forceUnit);
-                EXPECT_EQ(deducedLength, lengthUnit);
-            }
-        }
+        for (const auto& forceUnit : forceUnits)
+            for (const auto& lengthUnit : lengthUnits)
+                EXPECT_EQ(Deduced(profile, forceUnit.first, lengthUnit.first),
+                          Deduction(true, forceUnit.first, lengthUnit.first));
     }
 }
 
 TEST(UnitDeduction, FreshWaterWithinFivePerCentStillGivesTheUnits) {
-    // 9.81 instead of 10.0518 makes the length factor 2.4 per cent smaller.
-    const UnitSystem kNm("kN", "m");
-    Terrix profile(Version::V5);
-    profile.GetTerrixInputData().controlSection.GAMMAW = kNm.ConvertFromUnitSystem<ForcePerUnitVolumePhenomenon>(9.81);
-    profile.GetTerrixInputData().controlSection.ATMPRS = kNm.ConvertFromUnitSystem<StressPhenomenon>(101.3);
-    std::string deducedForce, deducedLength;
-    EXPECT_TRUE(DeduceFromExport(profile, "kN", "m", deducedForce, deducedLength));
-    EXPECT_EQ(deducedForce, "kN");
-    EXPECT_EQ(deducedLength, "m");
-    // The same water in pounds and feet.
-    EXPECT_TRUE(DeduceFromExport(profile, "lbf", "ft", deducedForce, deducedLength));
-    EXPECT_EQ(deducedForce, "lbf");
-    EXPECT_EQ(deducedLength, "ft");
+    // 9.81 instead of 10.0518 makes the length factor 2.4 per cent smaller,
+    // in kN and m as in pounds and feet.
+    const Terrix freshWater = WithWaterAndAir(9810.0, 101300.0);
+    EXPECT_EQ(Deduced(freshWater, "kN", "m"), Deduction(true, "kN", "m"));
+    EXPECT_EQ(Deduced(freshWater, "lbf", "ft"), Deduction(true, "lbf", "ft"));
 
-    // The text as an engineer writes it.
-    std::istringstream text("TERRIX\nA header\n\n*** CONTROL SECTION ***\n"
-                            "       1.0 CONFRC\n       1.0 CONLTH\n         0 NUMTYP\n         0 NUMTQZ\n"
-                            "         0 NUMLAY\n         0 NUMDSP\n         1 MIDBOT\n"
-                            "      9.81 GAMMAW  UNIT WEIGHT OF WATER (9.81 KN/M3 IN SI-UNITS)\n"
-                            "     101.3 ATMPRS  ATMOSPHERIC PRESSURE (101.3 KN/M2 IN SI-UNITS)\n"
-                            "       0.0 ZCYCL\n       0.0 SUSTIF\n         0 JPRINT\n         0 JECHO\n");
-    deducedForce = deducedLength = "unset";
+    // A file as an engineer writes it.
+    std::istringstream text(Replaced(ExampleFileText("north-sea-v4.terrix"), "   10.0518 GAMMAW", "      9.81 GAMMAW"));
+    std::string deducedForce = "unset", deducedLength = "unset";
     EXPECT_TRUE(Terrix::TryDeduceUnits(text, deducedForce, deducedLength));
     EXPECT_EQ(deducedForce, "kN");
     EXPECT_EQ(deducedLength, "m");
 }
 
 TEST(UnitDeduction, NoPairWithinFivePerCentGivesFalse) {
-    std::string deducedForce = "unset";
-    std::string deducedLength = "unset";
-    // No air pressure: no length factor.
-    EXPECT_FALSE(DeduceFromNumbers(10051.8, 0.0, deducedForce, deducedLength));
-    EXPECT_FALSE(DeduceFromNumbers(0.0, 0.0, deducedForce, deducedLength));
-    EXPECT_FALSE(DeduceFromNumbers(-10051.8, 101300.0, deducedForce, deducedLength));
-    // The names are left as they were.
-    EXPECT_EQ(deducedForce, "unset");
-    EXPECT_EQ(deducedLength, "unset");
+    // No air pressure (no length factor), no water, water that weighs less
+    // than nothing. The names are left as they were.
+    EXPECT_EQ(Deduced(WithWaterAndAir(10051.8, 0.0), "N", "m"), none);
+    EXPECT_EQ(Deduced(WithWaterAndAir(0.0, 0.0), "N", "m"), none);
+    EXPECT_EQ(Deduced(WithWaterAndAir(-10051.8, 101300.0), "N", "m"), none);
 
     // A file written in N and a length unit of size s (in metres) gives
     // GAMMAW = 10051.8 s^3 and ATMPRS = 101300 s^2. The difference between
     // s and a candidate is measured relative to the candidate's size: 4.9 per
     // cent off the metre or the millimetre is that unit, 5.1 per cent off is
     // none (an absolute difference of 0.05 would take any small unit).
-    auto deduceLength = [&](double s) {
-        return DeduceFromNumbers(10051.8 * s * s * s, 101300.0 * s * s, deducedForce, deducedLength);
+    auto withLength = [](double s) {
+        return Deduced(WithWaterAndAir(10051.8 * s * s * s, 101300.0 * s * s), "N", "m");
     };
-    EXPECT_TRUE(deduceLength(1.049));
-    EXPECT_EQ(deducedLength, "m");
-    EXPECT_EQ(deducedForce, "N");
-    EXPECT_TRUE(deduceLength(0.951));
-    EXPECT_FALSE(deduceLength(1.051));
-    EXPECT_FALSE(deduceLength(0.949));
-    EXPECT_TRUE(deduceLength(0.001 * 1.049));
-    EXPECT_EQ(deducedLength, "mm");
-    EXPECT_FALSE(deduceLength(0.001 * 0.949));
+    EXPECT_EQ(withLength(1.049), Deduction(true, "N", "m"));
+    EXPECT_EQ(withLength(0.951), Deduction(true, "N", "m"));
+    EXPECT_EQ(withLength(1.051), none);
+    EXPECT_EQ(withLength(0.949), none);
+    EXPECT_EQ(withLength(0.001 * 1.049), Deduction(true, "N", "mm"));
+    EXPECT_EQ(withLength(0.001 * 0.949), none);
 
     // A force unit of size f (in newtons) with the metre: GAMMAW = 10051.8 / f
     // and ATMPRS = 101300 / f.
-    auto deduceForce = [&](double f) {
-        return DeduceFromNumbers(10051.8 / f, 101300.0 / f, deducedForce, deducedLength);
-    };
-    EXPECT_TRUE(deduceForce(1000.0 * 1.049));
-    EXPECT_EQ(deducedForce, "kN");
-    EXPECT_EQ(deducedLength, "m");
-    EXPECT_FALSE(deduceForce(1000.0 * 1.051));
-    EXPECT_FALSE(deduceForce(0.001 * 0.949));
-    EXPECT_FALSE(deduceForce(2.0));  // between N and lbf
+    auto withForce = [](double f) { return Deduced(WithWaterAndAir(10051.8 / f, 101300.0 / f), "N", "m"); };
+    EXPECT_EQ(withForce(1000.0 * 1.049), Deduction(true, "kN", "m"));
+    EXPECT_EQ(withForce(1000.0 * 1.051), none);
+    EXPECT_EQ(withForce(0.001 * 0.949), none);
+    EXPECT_EQ(withForce(2.0), none);  // between N and lbf
 }
 
 }  // namespace

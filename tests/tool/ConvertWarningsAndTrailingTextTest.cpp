@@ -1,5 +1,5 @@
 // terrix convert names the columns that a change of units leaves as they
-// were; terrix check accepts after the last profile only what a file may
+// were; every command accepts after the last profile only what a file may
 // hold there.
 
 #include <string>
@@ -54,18 +54,14 @@ TEST_F(ConvertWarningsTest, EveryDimensionedColumnKeptAsWrittenIsNamedWhenItHold
     EXPECT_EQ(fromV5.err, expected);
 
     // A column whose values are all 0 means the same in any units: the
-    // offshore example has no AK and no gap.
+    // offshore example has no AK and no gap. A gap in one row is named.
     const std::string offshore = ExamplePath("offshore-v5.terrix");
     const ToolRun fromOffshore = Run({"convert", "--to", "N", "mm", offshore});
     EXPECT_EQ(fromOffshore.err.find("column AK"), std::string::npos) << fromOffshore.err;
     EXPECT_EQ(fromOffshore.err.find("column Y-GAP"), std::string::npos) << fromOffshore.err;
     EXPECT_NE(fromOffshore.err.find(Warning(offshore, mainLayers, "SUBOT")), std::string::npos);
-
-    // The gap is a value like any other: a gap in one row of a file without
-    // any other such column is named alone.
-    std::string gap = ReadFile(offshore);
-    gap = Replaced(gap, "      0      0    0.0    1.0    1.0    0.0    1.0    1.0    1.0\n",
-                   "      0      0    0.0    1.0    1.0   0.05    1.0    1.0    1.0\n");
+    const std::string gap = Replaced(ReadFile(offshore), "    1.0    1.0    0.0    1.0    1.0    1.0\n",
+                                     "    1.0    1.0   0.05    1.0    1.0    1.0\n");
     const ToolRun withGap = Run({"convert", "--to", "N", "mm", "-"}, gap);
     EXPECT_NE(withGap.err.find(Warning("-", pyModifications, "Y-GAP")), std::string::npos) << withGap.err;
     // No change of units, nothing to warn of.
@@ -78,25 +74,27 @@ TEST_F(TrailingTextTest, AfterTheLastProfileOnlyEmptyLinesCommentsAndTheEndLineM
         example.substr(0, example.size() - std::string("\nEND OF TERRIX INPUT FILE\n").size());
 
     // Comment lines, empty lines (also of blanks or a tab) and the end line.
-    const std::string quiet = File("quiet.txt", withoutEndLine +
-                                                    "\n* checked 2011\nC  by hand\n   \n\t\n"
-                                                    "END OF TERRIX INPUT FILE\n\n* the end\n");
-    const ToolRun ok = Run({"check", quiet});
+    const ToolRun ok = Run({"check", "-"}, withoutEndLine + "\n* checked 2011\nC  by hand\n   \n\t\n"
+                                                            "END OF TERRIX INPUT FILE\n\n* the end\n");
     EXPECT_EQ(ok.status, 0) << ok.err;
-    EXPECT_EQ(ok.out, quiet + ": OK version 5, 1 profile, units kN m\n");
+    EXPECT_EQ(ok.out, "-: OK version 5, 1 profile, units kN m\n");
 
     // Any other text is an import error at its own line: the example has
-    // 127 lines, so text after it stands on line 128.
+    // 127 lines, so text after it stands on line 128. Every command reads a
+    // file so.
     const std::string stray = File("stray.txt", example + "   7.0 stray values\n");
-    const ToolRun afterEndLine = Run({"check", stray});
-    EXPECT_EQ(afterEndLine.status, 1);
-    EXPECT_EQ(afterEndLine.out, "");
-    EXPECT_EQ(afterEndLine.err, "terrix: " + stray +
-                                    ": cannot import\n"
-                                    "Import error in line 128:\n"
-                                    "Expected: ### New soil profile\n"
-                                    "While importing section: 'GIVEN SOIL DISPLACEMENTS AND OPEN HOLE SECTION'\n"
-                                    "Found: '   7.0 stray values'\n");
+    for (const char* command : {"check", "dump", "show", "convert"}) {
+        const ToolRun run = Run({command, stray});
+        EXPECT_EQ(run.status, 1) << command;
+        EXPECT_EQ(run.out, "") << command;
+        EXPECT_EQ(run.err, "terrix: " + stray +
+                               ": cannot import\n"
+                               "Import error in line 128:\n"
+                               "Expected: ### New soil profile\n"
+                               "While importing section: 'GIVEN SOIL DISPLACEMENTS AND OPEN HOLE SECTION'\n"
+                               "Found: '   7.0 stray values'\n")
+            << command;
+    }
 
     // The same without the end line, after empty and comment lines.
     const ToolRun noEndLine = Run({"check", "-"}, withoutEndLine + "\n* notes\n\nREVISION B\n");
@@ -107,14 +105,6 @@ TEST_F(TrailingTextTest, AfterTheLastProfileOnlyEmptyLinesCommentsAndTheEndLineM
               "Expected: ### New soil profile\n"
               "While importing section: 'GIVEN SOIL DISPLACEMENTS AND OPEN HOLE SECTION'\n"
               "Found: 'REVISION B'\n");
-
-    // Every command reads a file so: dump and show fail on it as check does.
-    for (const char* command : {"dump", "show", "convert"}) {
-        const ToolRun run = Run({command, stray});
-        EXPECT_EQ(run.status, 1) << command;
-        EXPECT_EQ(run.out, "") << command;
-        EXPECT_EQ(run.err, afterEndLine.err) << command;
-    }
 }
 
 }  // namespace
