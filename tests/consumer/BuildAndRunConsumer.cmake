@@ -24,7 +24,7 @@ run_step("Configuring the consumer"
 run_step("Building the consumer" ${CMAKE_COMMAND} --build "${WORK_DIR}/build")
 run_step("Running the consumer" "${WORK_DIR}/build/profile-info" "${EXAMPLE}")
 
-set(expected "Profile 'NS-MP07', version 5, read in kN and m\nUnit weight of water: 10051.8 N/m3\n")
+set(expected "Profile 'NS-MP07'\n  layers 1-4: 0 m to 8 m\n  layers 5-6: 8 m to 22 m\n  layers 7-12: 22 m to 40 m\n")
 if(NOT step_output STREQUAL expected)
   message(FATAL_ERROR "The consumer printed:\n${step_output}\nexpected:\n${expected}")
 endif()

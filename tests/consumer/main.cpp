@@ -4,23 +4,18 @@
 #include <TerrixExchange/document/TerrixMultipleSoilProfiles.h>
 
 int main(int argc, char** argv) {
-    if (argc != 2) {
-        std::cerr << "usage: profile-info FILE\n";
-        return 2;
-    }
-    std::ifstream file(argv[1]);
+    std::ifstream file(argc > 1 ? argv[1] : "");
     TerrixExchange::TerrixMultipleSoilProfiles profiles;
     try {
-        profiles.Import(file);  // each profile's units are deduced from its control section
+        profiles.Import(file);  // the units of each profile are deduced from its control section
     } catch (const std::exception& error) {
         std::cerr << error.what() << "\n";
         return 1;
     }
     for (const TerrixExchange::Terrix& profile : profiles.GetSoilProfiles()) {
-        const auto& units = profile.GetUnitSystem();
-        const auto& control = profile.GetTerrixInputData().controlSection;
-        std::cout << "Profile '" << control.profileName << "', version " << static_cast<int>(profile.GetVersion())
-                  << ", read in " << units.GetForceUnitName() << " and " << units.GetLengthUnitName() << "\n"
-                  << "Unit weight of water: " << control.GAMMAW.GetValue() << " N/m3\n";
+        std::cout << "Profile '" << profile.GetTerrixInputData().controlSection.profileName << "'\n";
+        for (const TerrixExchange::Layer& layer : profile.GetLayers(true))
+            std::cout << "  layers " << layer.firstLayer << "-" << layer.firstLayer + layer.layerCount - 1 << ": "
+                      << layer.zTop.GetValue() << " m to " << layer.zBottom.GetValue() << " m\n";
     }
 }
