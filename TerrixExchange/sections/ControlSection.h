@@ -51,4 +51,8 @@ public:
     boost::optional<int> NUMBM;
 };
 
+// Member by member, exactly.
+bool operator==(const ControlSection& left, const ControlSection& right);
+bool operator!=(const ControlSection& left, const ControlSection& right);
+
 }  // namespace TerrixExchange
