@@ -58,7 +58,7 @@ int RunCheck(const CheckOptions& options) {
 void AddCheckCommand(CLI::App& app, CommandRun& run) {
     auto options = std::make_shared<CheckOptions>();
     CLI::App* command = app.add_subcommand(
-        "check", "Import each file; print 'FILE: OK' with its version, number of profiles and units");
+        "check", "Import each file; print FILE: OK, version, profiles, units");
     AddUnitsOption(*command, options->units);
     command->add_option("FILE", options->files, "TERRIX files; - for standard input")->required();
     command->callback([&run, options] { run = [options] { return RunCheck(*options); }; });

@@ -5,8 +5,7 @@ namespace TerrixTool {
 void AddUnitsOption(CLI::App& command, std::vector<std::string>& units) {
     command
         .add_option("--units", units,
-                    "The units the file's values are written in, e.g. --units kN m. Default: deduced for each "
-                    "profile from the water unit weight and atmospheric pressure of its control section")
+                    "Units of the file's values, e.g. kN m (default: deduced)")
         ->expected(2)
         ->allow_extra_args(false)
         ->type_name("FORCE LENGTH");
@@ -14,13 +13,13 @@ void AddUnitsOption(CLI::App& command, std::vector<std::string>& units) {
 
 void AddProfileOption(CLI::App& command, std::string& profile) {
     command.add_option("--profile", profile,
-                       "Only the profile of that name (from its control section) or at #INDEX (from #0)")
+                       "Only that profile: its name, or #INDEX from #0")
         ->type_name("NAME|#INDEX");
 }
 
 void AddNoSplitOption(CLI::App& command, bool& noSplit) {
     command.add_flag("--no-split", noSplit,
-                     "The layers as the layer-division section gives them, not split and merged");
+                     "Layers as the file divides them, not split and merged");
 }
 
 void AddOutputOption(CLI::App& command, std::string& out) {

@@ -66,16 +66,16 @@ int RunConvert(const ConvertOptions& options) {
 void AddConvertCommand(CLI::App& app, CommandRun& run) {
     auto options = std::make_shared<ConvertOptions>();
     CLI::App* command = app.add_subcommand(
-        "convert", "Write the profile(s) back as TERRIX text, in the input's units or in those of --to");
+        "convert", "Write the profile(s) back as TERRIX text");
     AddUnitsOption(*command, options->units);
     AddProfileOption(*command, options->profile);
     command
         ->add_option("--to", options->to,
-                     "The units to write, e.g. --to N mm. Default: the units each profile was read in")
+                     "Units to write, e.g. N mm (default: those read)")
         ->expected(2)
         ->allow_extra_args(false)
         ->type_name("FORCE LENGTH");
-    command->add_flag("--no-end-line", options->noEndLine, "Leave out the end line \"END OF TERRIX INPUT FILE\"");
+    command->add_flag("--no-end-line", options->noEndLine, "Leave out the line END OF TERRIX INPUT FILE");
     AddOutputOption(*command, options->out);
     AddFileArgument(*command, options->file);
     command->callback([&run, options] { run = [options] { return RunConvert(*options); }; });

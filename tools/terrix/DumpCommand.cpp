@@ -47,7 +47,7 @@ int RunDump(const DumpOptions& options) {
 void AddDumpCommand(CLI::App& app, CommandRun& run) {
     auto options = std::make_shared<DumpOptions>();
     CLI::App* command = app.add_subcommand(
-        "dump", "JSON of what the library holds and answers for each profile, in N and m");
+        "dump", "JSON of what the library holds and answers, in N and m");
     AddUnitsOption(*command, options->units);
     AddProfileOption(*command, options->profile);
     AddNoSplitOption(*command, options->noSplit);

@@ -432,7 +432,7 @@ int RunShow(const ShowOptions& options) {
 void AddShowCommand(CLI::App& app, CommandRun& run) {
     auto options = std::make_shared<ShowOptions>();
     CLI::App* command =
-        app.add_subcommand("show", "Each profile for people: parameters and layers, in the units of the file");
+        app.add_subcommand("show", "Each profile for people, in the units of its file");
     AddUnitsOption(*command, options->units);
     AddProfileOption(*command, options->profile);
     AddNoSplitOption(*command, options->noSplit);

@@ -93,8 +93,11 @@ public:
 }  // namespace
 
 int main(int argc, char** argv) {
-    CLI::App app("terrix: check, show, dump and convert TERRIX input files of the soil-data generator", "terrix");
-    app.formatter(std::make_shared<Formatter>());
+    CLI::App app("terrix: check, show, dump and convert TERRIX soil-data input files", "terrix");
+    auto formatter = std::make_shared<Formatter>();
+    // Narrow option columns keep every line of the help within 80 columns.
+    formatter->column_width(22);
+    app.formatter(formatter);
     app.footer(footer);
     app.require_subcommand(1);
 
