@@ -156,12 +156,7 @@ TEST(CurveData, WhatTheDiametersAndCodesAskFor) {
     TerrixInputData& data = profile.GetTerrixInputData();
 
     // A P-Y curve for layer 1, whose code is 287, is not taken.
-    ManualPyLateralResistanceDataSectionRecord curve;
-    curve.LAY = 1;
-    curve.DIAM = small;
-    curve.resistances = {0.0, 10.0};
-    curve.displacements = {0.0, 0.01};
-    data.manualPyLateralResistanceDataSection.records.push_back(curve);
+    data.manualPyLateralResistanceDataSection.records.push_back({1, small, {0.0, 10.0}, {0.0, 0.01}});
     EXPECT_TRUE(profile.GetPyData(upperSand).manualCurves.empty());
 
     // The kinds without a code take a curve for one diameter of two: one

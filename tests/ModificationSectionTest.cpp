@@ -4,6 +4,7 @@
 #include <cmath>
 #include <string>
 #include <tuple>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -41,16 +42,6 @@ TzModification TzFactors(double tensionFactor) { return TzModification{{}, 1.0, 
 // A P-Y, T-Z or Q-Z section read or written as in a profile of 10 layers and 2
 // pile diameters; the other three need no counts.
 const auto tenLayersTwoDiameters = [](auto& section, auto& archive) { section.Serialize(archive, 10, 2); };
-
-// The sections as a profile reads and writes them one after the other: P-Y,
-// then M-theta.
-template <class Archive>
-void SerializePyAndMTheta(PyLateralResistanceDataModificationSection& py, MthetaMomentDataModificationSection& mTheta,
-                          Archive& archive) {
-    py.Serialize(archive, 10, 2);
-    archive.BlankLine();
-    mTheta.Serialize(archive);
-}
 
 TEST(ModificationSection, DefaultsAreTheIdentityModification) {
     // Factors of 1, and a Y-GAP of 0, leave a curve as it is.
@@ -170,33 +161,7 @@ TEST(ModificationSection, PyRowsAreWrittenInColumnsOfSevenTheOthersInColumnsOfTe
                       data.bmThetaMomentDataModificationSection.Serialize(exporter);
                   },
                   "kN", "mm"),
-              "*** P-Y (LATERAL RESISTANCE) DATA MODIFICATION SECTION ***\n"
-              "LAY1   LAY2   DIAM   P-FACT Y-FACT Y-GAP  P-PEAK-FCT P-RES-FCT Y-RES-FCT\n"
-              "      3      5 2134.0    0.9    1.0    0.0    1.0    1.0    1.0\n"
-              "      1      2    0.0    1.0    1.0   0.02    1.0    1.0    1.0\n"
-              "      0      0    0.0    1.0    1.0    0.0    1.0    1.0    1.0\n"
-              "\n"
-              "*** T-Z (SKIN FRICTION) DATA MODIFICATION SECTION ***\n"
-              "LAY1   LAY2   DIAM   CMP-FCT TNS-FCT TZZ-FCT T-RES-FCT Z-RES-FCT\n"
-              "         6         7       0.0       1.0       0.8       1.0       1.0       1.0\n"
-              "         0         0       0.0       1.0       1.0       1.0       1.0       1.0\n"
-              "\n"
-              "*** Q-Z (PILE TIP RESISTANCE) DATA MODIFICATION SECTION ***\n"
-              "LAY1   LAY2   DIAM   CMP-FCT TNS-FCT QZZ-FCT Q-RES-FCT Z-RES-FCT\n"
-              "         8        10    1524.0       1.0       1.0       1.2       1.0       1.0\n"
-              "         0         0       0.0       1.0       1.0       1.0       1.0       1.0\n"
-              "\n"
-              "*** M-THETA (DISTRIBUTED MOMENT) DATA MODIFICATION SECTION ***\n"
-              "LAY1   LAY2   DIAM   M-FCT THETA-FCT\n"
-              "        10        10       0.0       0.9       1.0\n"
-              "\n"
-              "*** BS-Y (BASE SHEAR) DATA MODIFICATION SECTION ***\n"
-              "LAY1   LAY2   DIAM   BS-FCT Y-FCT\n"
-              "        10        10    2134.0       1.1       1.0\n"
-              "\n"
-              "*** BM-THETA (BASE MOMENT) DATA MODIFICATION SECTION ***\n"
-              "LAY1   LAY2   DIAM   BM-FCT THETA-FCT\n"
-              "         0         0       0.0       1.0       1.0\n");
+              TestData("modification-sections-kN-mm.terrix"));
     // The width of the rest of the file is restored after the P-Y rows.
     EXPECT_EQ(widthAfterPy, 10);
 }
@@ -216,20 +181,13 @@ TEST(ModificationSection, RoundTripsInKilonewtonMetreAndNewtonMillimetre) {
 
 TEST(ModificationSection, RowsEndAtTheFirstLineThatIsNoRow) {
     // CRLF, tabs and a comment; P-Y rows in columns of 10 read as well.
-    const std::string text = WithCrLf(
-        "*** P-Y (LATERAL RESISTANCE) DATA MODIFICATION SECTION ***\n"
-        "LAY1   LAY2   DIAM   P-FACT Y-FACT Y-GAP  P-PEAK-FCT P-RES-FCT Y-RES-FCT\n"
-        "* group reduction in the soft clay\n"
-        "8\t10\t1.524\t0.9\t1.0\t0.0\t1.0\t1.0\t1.0\n"
-        "         0         0       0.0       1.0       1.0       0.0       1.0       1.0       1.0\n"
-        "\n"
-        "*** M-THETA (DISTRIBUTED MOMENT) DATA MODIFICATION SECTION ***\n"
-        "LAY1   LAY2   DIAM   M-FCT THETA-FCT\n"
-        "\n");
+    const std::string text = WithCrLf(TestData("modification-py-and-mtheta-hand-written.terrix"));
     PyLateralResistanceDataModificationSection py;
     MthetaMomentDataModificationSection mTheta;
     ReadText(text, [&](Importer& importer) {
-        SerializePyAndMTheta(py, mTheta, importer);
+        py.Serialize(importer, 10, 2);
+        importer.BlankLine();
+        mTheta.Serialize(importer);
         // The M-theta rows end at the empty ninth line, which is still there.
         importer.BlankLine();
         EXPECT_EQ(importer.GetLineCounter(), 10u);
@@ -242,21 +200,20 @@ TEST(ModificationSection, RowsEndAtTheFirstLineThatIsNoRow) {
 TEST(ModificationSection, ReportsMalformedRowsWithTheirLine) {
     const std::string title = "P-Y (LATERAL RESISTANCE) DATA MODIFICATION SECTION";
     const std::string header = "LAY1   LAY2   DIAM   P-FACT Y-FACT Y-GAP  P-PEAK-FCT P-RES-FCT Y-RES-FCT\n";
-    auto errorOf = [&](const std::string& rows) {
-        return SectionErrorOf<PyLateralResistanceDataModificationSection>("*** " + title + " ***\n" + rows,
-                                                                          tenLayersTwoDiameters);
+    const std::string row = "      0      0    0.0    1.0    1.0    0.0    1.0    1.0    1.0";
+    // {rows after the title, line, message, line found}: no header, a value
+    // too many, two values short.
+    const std::vector<std::tuple<std::string, int, std::string, std::string>> cases = {
+        {row + "\n", 2, "Unable to find section", row},
+        {header + "      3      5  2.134    0.9    1.0    0.0    1.0    1.0    1.0\n" + row + "    1.0\n", 4,
+         "Expected end of line of record.", row + "    1.0"},
+        {header + "      0      0    0.0    1.0    1.0    0.0    1.0\n", 3, "Error parsing argument: 7",
+         "      0      0    0.0    1.0    1.0    0.0    1.0"},
     };
-    EXPECT_EQ(errorOf("      0      0    0.0    1.0    1.0    0.0    1.0    1.0    1.0\n"),
-              ImportErrorText(2, "Unable to find section", title,
-                              "      0      0    0.0    1.0    1.0    0.0    1.0    1.0    1.0"));
-    EXPECT_EQ(errorOf(header +
-                      "      3      5  2.134    0.9    1.0    0.0    1.0    1.0    1.0\n"
-                      "      0      0    0.0    1.0    1.0    0.0    1.0    1.0    1.0    1.0\n"),
-              ImportErrorText(4, "Expected end of line of record.", title,
-                              "      0      0    0.0    1.0    1.0    0.0    1.0    1.0    1.0    1.0"));
-    EXPECT_EQ(errorOf(header + "      0      0    0.0    1.0    1.0    0.0    1.0\n"),
-              ImportErrorText(3, "Error parsing argument: 7", title,
-                              "      0      0    0.0    1.0    1.0    0.0    1.0"));
+    for (const auto& [rows, line, message, found] : cases)
+        EXPECT_EQ(SectionErrorOf<PyLateralResistanceDataModificationSection>("*** " + title + " ***\n" + rows,
+                                                                             tenLayersTwoDiameters),
+                  ImportErrorText(line, message, title, found));
 }
 
 }  // namespace

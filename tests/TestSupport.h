@@ -5,6 +5,7 @@
 // message of an import error.
 
 #include <cstddef>
+#include <fstream>
 #include <functional>
 #include <sstream>
 #include <string>
@@ -128,6 +129,25 @@ void ExpectRoundTrips(const Section& section, const Serialize& serialize) {
             << units.first << " " << units.second << ":\n"
             << text;
     }
+}
+
+// The text of the file `name` under tests/data: long TERRIX texts that the
+// tests read or compare an export with, kept as the plain files they are.
+inline std::string TestData(const std::string& name) {
+    std::ifstream file(std::string(TERRIX_TEST_DATA_DIR) + "/" + name, std::ios::binary);
+    EXPECT_TRUE(file.good()) << name;
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+// Line `number` (counted from 1) of `text`, without its line end: the
+// "Found" line of an import error, or a line to build a bad input from.
+inline std::string TextLine(const std::string& text, int number) {
+    std::istringstream lines(text);
+    std::string line;
+    for (int i = 0; i < number; ++i) std::getline(lines, line);
+    return line;
 }
 
 }}  // namespace TerrixExchange::Testing

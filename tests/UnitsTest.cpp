@@ -39,20 +39,18 @@ const std::vector<std::pair<std::string, double>> lengthUnits = {
     {"km", 1000.0}, {"m", 1.0}, {"dm", 0.1}, {"cm", 0.01}, {"mm", 0.001}, {"in", 0.0254}, {"ft", 0.3048}};
 
 TEST(Units, EveryUnitNameHasItsExactSize) {
+    double found = 0.0;
     for (const auto& [name, size] : forceUnits) {
-        double found = 0.0;
         EXPECT_TRUE(TryGetForceUnitSize(name, found) && found == size) << name;
         EXPECT_EQ(UnitSystem(name, "m").ConvertFromUnitSystem(1.0, force), size) << name;
     }
     for (const auto& [name, size] : lengthUnits) {
-        double found = 0.0;
         EXPECT_TRUE(TryGetLengthUnitSize(name, found) && found == size) << name;
         EXPECT_EQ(UnitSystem("N", name).ConvertFromUnitSystem(1.0, length), size) << name;
     }
     // A force name is no length name and the other way round.
-    double size = 0.0;
-    EXPECT_FALSE(TryGetLengthUnitSize("kN", size));
-    EXPECT_FALSE(TryGetForceUnitSize("m", size));
+    EXPECT_FALSE(TryGetLengthUnitSize("kN", found));
+    EXPECT_FALSE(TryGetForceUnitSize("m", found));
     // The database unit system is N and m.
     EXPECT_EQ(GetDatabaseUnitSystem(), UnitSystem("N", "m"));
 }

@@ -90,17 +90,9 @@ TEST(WholeFile, DosLineEndsAndTabsImportLikeLineFeedsAndBlanks) {
     // Every "\n" as "\r\n", and the first three blanks of every value line
     // as a tab.
     const std::string text = ExampleFileText("north-sea-v4.terrix");
-    std::string other;
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        if (text[at] != '\n') {
-            other += text[at];
-        } else if (text.compare(at + 1, 3, "   ") == 0) {
-            other += "\r\n\t";
-            at += 3;
-        } else {
-            other += "\r\n";
-        }
-    }
+    std::string other = WithCrLf(text);
+    for (std::size_t at = other.find("\n   "); at != std::string::npos; at = other.find("\n   ", at))
+        other.replace(++at, 3, "\t");
     ASSERT_NE(other.find("\r\n\t"), std::string::npos);
     ExpectSameSections(ImportedText(text), ImportedText(other));
 }

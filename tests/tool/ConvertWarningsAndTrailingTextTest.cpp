@@ -14,6 +14,7 @@ using TerrixToolTesting::ExamplePath;
 using TerrixToolTesting::ReadFile;
 using TerrixToolTesting::Replaced;
 using TerrixToolTesting::ToolRun;
+using TerrixToolTesting::WithoutEndLine;
 
 using ConvertWarningsTest = TerrixToolTesting::ToolTest;
 using TrailingTextTest = TerrixToolTesting::ToolTest;
@@ -70,8 +71,7 @@ TEST_F(ConvertWarningsTest, EveryDimensionedColumnKeptAsWrittenIsNamedWhenItHold
 
 TEST_F(TrailingTextTest, AfterTheLastProfileOnlyEmptyLinesCommentsAndTheEndLineMayFollow) {
     const std::string example = ReadFile(ExamplePath("offshore-v5.terrix"));
-    const std::string withoutEndLine =
-        example.substr(0, example.size() - std::string("\nEND OF TERRIX INPUT FILE\n").size());
+    const std::string withoutEndLine = WithoutEndLine(example);
 
     // Comment lines, empty lines (also of blanks or a tab) and the end line.
     const ToolRun ok = Run({"check", "-"}, withoutEndLine + "\n* checked 2011\nC  by hand\n   \n\t\n"

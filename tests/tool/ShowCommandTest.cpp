@@ -1,6 +1,7 @@
 // terrix show: each profile as an engineer reads it, in the units of its
 // file, within 80 columns.
 
+#include <algorithm>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -12,23 +13,19 @@
 namespace {
 
 using TerrixToolTesting::ExamplePath;
+using TerrixToolTesting::LinesOf;
 using TerrixToolTesting::ReadFile;
 using TerrixToolTesting::Replaced;
+using TerrixToolTesting::TestData;
 using TerrixToolTesting::ToolRun;
 
 using ShowCommandTest = TerrixToolTesting::ToolTest;
 
-std::vector<std::string> LinesOf(const std::string& text) {
-    std::vector<std::string> lines;
-    std::istringstream stream(text);
-    for (std::string line; std::getline(stream, line);) lines.push_back(line);
-    return lines;
-}
-
-bool HasLine(const std::string& text, const std::string& line) {
-    for (const std::string& each : LinesOf(text))
-        if (each == line) return true;
-    return false;
+// Each of `lines` is a whole line of `text`.
+void ExpectLines(const std::string& text, const std::vector<std::string>& lines) {
+    const std::vector<std::string> all = LinesOf(text);
+    for (const std::string& line : lines)
+        EXPECT_NE(std::find(all.begin(), all.end(), line), all.end()) << line << "\nin:\n" << text;
 }
 
 TEST_F(ShowCommandTest, AProfileShowsItsHeaderParametersAndLayersInTheUnitsOfItsFile) {
@@ -39,61 +36,28 @@ TEST_F(ShowCommandTest, AProfileShowsItsHeaderParametersAndLayersInTheUnitsOfIts
     // and 6 numbered layers. Main layer 2 is clay (SUTOP 80, SUBOT 140 at its
     // top and bottom) with manual P-Y curves for both diameters. Every layer
     // has TNS-FCT 0.8 ("0 0" of T-Z), layers 1 and 2 P-FACT 0.9 ("1 2" of P-Y).
-    EXPECT_EQ(run.out,
-              "Profile #0 'NS-MP07': TERRIX version 5, values in kN and m\n"
-              "  Monopile MP-07, North Sea: soil data for P-Y, T-Z and Q-Z curves\n"
-              "  Dense sand over stiff clay over very dense sand; forces in kN, lengths in m\n"
-              "\n"
-              "Parameters\n"
-              "  Unit weight of water        10.0518 kN/m3\n"
-              "  Cyclic P-Y down to level    12 m\n"
-              "  Stiff clay P-Y above Su     96 kN/m2\n"
-              "  Material coefficients       tan(phi) 1, Su 1.25, skin friction 1, tip 1\n"
-              "  Pile diameters              2: 6, 8 m\n"
-              "  Group effect soil modulus   40000 kN/m2 + 2500 kN/m3 x depth\n"
-              "  Average Poisson ratio       0.35\n"
-              "  Seafloor level              0 m\n"
-              "  Scour                       general 0 m, local 1.5 m, side slope 30 deg\n"
-              "  Vertical stress at surface  0 kN/m2\n"
-              "  Embankment                  0 kN/m2, sloping part 0 m, pile to toe 0 m\n"
-              "  Circular loaded area        0 kN/m2, radius 0 m\n"
-              "  T-Z code 200                zone of influence -, curve shape factor -\n"
-              "\n"
-              "Layers: one per main layer\n"
-              "  Layer  Main  Top  Bottom  Soil  Phi  Unit weight  Su at level\n"
-              "                 m       m        deg        kN/m3  kN/m2 at m\n"
-              "  1-4       1    0       8  Sand   36           20  0\n"
-              "  5-6       2    8      22  Clay    0         19.5  80 at 8, 140 at 22\n"
-              "  7-12      3   22      40  Sand   38         20.5  0\n"
-              "\n"
-              "  Layer  P-Y  T-Z  Q-Z  Manual curves  Modified\n"
-              "  1-4    287  293  293  -              P-Y, T-Z\n"
-              "  5-6      0  293  293  P-Y 2          T-Z\n"
-              "  7-12   287  293  293  -              T-Z\n");
+    EXPECT_EQ(run.out, TestData("expected/tool-show-offshore-v5.txt"));
 }
 
 TEST_F(ShowCommandTest, Version4LayersAreTheNumberedLayersUnlessNoSplitIsGiven) {
     const ToolRun run = Run({"show", ExamplePath("north-sea-v4.terrix")});
     EXPECT_EQ(run.status, 0) << run.err;
     EXPECT_EQ(LinesOf(run.out).at(0), "Profile #0: TERRIX version 4, values in kN and m");  // no name in version 4
-    EXPECT_TRUE(HasLine(run.out, "  T-Z code 200                zone of influence 10, curve shape factor 0.9"));
-    EXPECT_TRUE(HasLine(run.out, "Layers: the numbered layers, joined where their curve data agree"));
+    ExpectLines(run.out, {"  T-Z code 200                zone of influence 10, curve shape factor 0.9"});
+    ExpectLines(run.out, {"Layers: the numbered layers, joined where their curve data agree"});
     // Layer 4 is the middle third of division 3-5, 6 to 14 m: from 8.667 to
     // 11.333 m, shown to six digits. Soil type 2: 17.5 kN/m3, SU.Z=0 12 and
     // SU.Z=100 172 kN/m2, at the levels 0 and 100 m of the version 4 table.
-    EXPECT_TRUE(HasLine(run.out, "  4         2  8.66667  11.3333  Clay    0         17.5  12 at 0, 172 at 100"))
-        << run.out;
+    ExpectLines(run.out, {"  4         2  8.66667  11.3333  Clay    0         17.5  12 at 0, 172 at 100"});
     // Layers 1 and 2 have the same curves and are one; layer 10 has manual
     // Q-Z, M-theta, BS-Y and BM-theta curves for both diameters and factors
     // other than 1 for Q-Z, M-theta and BS-Y.
-    EXPECT_TRUE(HasLine(run.out, "  1-2    287  293  293  -                                     P-Y")) << run.out;
-    EXPECT_TRUE(HasLine(run.out, "  10     380  293    0  Q-Z 2, M-theta 2, BS-Y 2, BM-theta 2  Q-Z, M-theta, BS-Y"))
-        << run.out;
+    ExpectLines(run.out, {"  1-2    287  293  293  -                                     P-Y"});
+    ExpectLines(run.out, {"  10     380  293    0  Q-Z 2, M-theta 2, BS-Y 2, BM-theta 2  Q-Z, M-theta, BS-Y"});
 
     const ToolRun divisions = Run({"show", "--no-split", ExamplePath("north-sea-v4.terrix")});
-    EXPECT_TRUE(HasLine(divisions.out, "Layers: as the soil layer divisions give them"));
-    EXPECT_TRUE(HasLine(divisions.out, "  3-5       2    6      14  Clay    0         17.5  12 at 0, 172 at 100"))
-        << divisions.out;
+    ExpectLines(divisions.out, {"Layers: as the soil layer divisions give them"});
+    ExpectLines(divisions.out, {"  3-5       2    6      14  Clay    0         17.5  12 at 0, 172 at 100"});
 
     // Line ends of a DOS editor and tabs between the fields show the same.
     std::string dos;
@@ -118,7 +82,7 @@ TEST_F(ShowCommandTest, AQueryThatFailsShowsErrorInPlaceWithItsMessageUnderTheLa
         "      P-Y: error: Unable to find PY modifications\n";
     EXPECT_NE(run.out.find(table), std::string::npos) << run.out;
     // The soil of every layer is still there.
-    EXPECT_TRUE(HasLine(run.out, "  5-6       2    8      22  Clay    0         19.5  80 at 8, 140 at 22")) << run.out;
+    ExpectLines(run.out, {"  5-6       2    8      22  Clay    0         19.5  80 at 8, 140 at 22"});
 
     // A soil type that the soil type table lacks: the soil of its layers
     // fails, their levels and curves are shown.
@@ -133,14 +97,14 @@ TEST_F(ShowCommandTest, AQueryThatFailsShowsErrorInPlaceWithItsMessageUnderTheLa
                                "      Soil, Phi, Unit weight, Su: error: Unknown layer\n"),
               std::string::npos)
         << unknown.out;
-    EXPECT_TRUE(HasLine(unknown.out, "  8-10   380  293    0  Q-Z 2          Q-Z")) << unknown.out;
+    ExpectLines(unknown.out, {"  8-10   380  293    0  Q-Z 2          Q-Z"});
 
     // When the layers themselves cannot be worked out, that is said in their
     // place, after the parameters.
     const ToolRun layers =
         Run({"show", "-"}, Replaced(ReadFile(ExamplePath("north-sea-v4.terrix")), pyRowForEverything, ""));
     EXPECT_EQ(layers.status, 0) << layers.err;
-    EXPECT_TRUE(HasLine(layers.out, "  Seafloor level              0 m"));
+    ExpectLines(layers.out, {"  Seafloor level              0 m"});
     EXPECT_EQ(LinesOf(layers.out).back(), "Layers: error: Unable to find PY modifications");
 }
 
@@ -151,9 +115,8 @@ TEST_F(ShowCommandTest, OtherUnitsProfilesAndWideValuesStayWithin80Columns) {
     ASSERT_EQ(Run({"convert", "--to", "N", "mm", "-o", converted, ExamplePath("offshore-v5.terrix")}).status, 0);
     const ToolRun mm = Run({"show", converted});
     EXPECT_EQ(LinesOf(mm.out).at(0), "Profile #0 'NS-MP07': TERRIX version 5, values in N and mm");
-    EXPECT_TRUE(HasLine(mm.out, "  Unit weight of water        0.0000100518 N/mm3")) << mm.out;
-    EXPECT_TRUE(HasLine(mm.out, "  5-6       2   8000   22000  Clay    0         19.5  80 at 8000, 140 at 22000"))
-        << mm.out;
+    ExpectLines(mm.out, {"  Unit weight of water        0.0000100518 N/mm3"});
+    ExpectLines(mm.out, {"  5-6       2   8000   22000  Clay    0         19.5  80 at 8000, 140 at 22000"});
     // --profile picks one profile of a stream; without it every profile is
     // shown, one after the other.
     const ToolRun second = Run({"show", "--profile", "#1", ExamplePath("three-profiles.terrix")});
@@ -178,8 +141,8 @@ TEST_F(ShowCommandTest, OtherUnitsProfilesAndWideValuesStayWithin80Columns) {
                            "    long enough for a second line\n"),
               std::string::npos)
         << run.out;
-    EXPECT_TRUE(HasLine(run.out, "  Seafloor level              -123.457 m")) << run.out;
-    EXPECT_TRUE(HasLine(run.out, "  1-2       1  -123.457        6  Sand   32         19.5  0")) << run.out;
+    ExpectLines(run.out, {"  Seafloor level              -123.457 m"});
+    ExpectLines(run.out, {"  1-2       1  -123.457        6  Sand   32         19.5  0"});
     EXPECT_NE(run.out.find("  3         2         6  8.66667  Clay    0      17.5312  12.3457 at 0,\n"
                            "                                                          172.98765 at 100\n"),
               std::string::npos)

@@ -2,53 +2,34 @@
 // files, their errors and their exit statuses.
 
 #include <filesystem>
-#include <limits>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include <TerrixExchange/document/Terrix.h>
-
 #include "ToolTestSupport.h"
 
 namespace {
 
-using TerrixExchange::Terrix;
-using TerrixExchange::Version;
 using TerrixToolTesting::ExamplePath;
 using TerrixToolTesting::ReadFile;
 using TerrixToolTesting::Replaced;
+using TerrixToolTesting::TestData;
 using TerrixToolTesting::ToolRun;
+using TerrixToolTesting::WithoutEndLine;
 
 const std::string examplePath = ExamplePath("offshore-v5.terrix");
 
-// A version 5 profile "SOUTH-02" in kN and m, as the library writes it, with
-// a few control values whose JSON text is worth a look.
-std::string GeneratedProfile(bool writeEndLine) {
-    using namespace TerrixExchange::Units::Runtime;
-    Terrix profile(Version::V5);
-    auto& control = profile.GetTerrixInputData().controlSection;
-    control.profileName = "SOUTH-02";
-    control.CONFRC = 0.1 + 0.2;  // 0.30000000000000004: needs all 17 digits
-    control.GAMMAW = UnitSystem("kN", "m").ConvertFromUnitSystem<ForcePerUnitVolumePhenomenon>(9.81);
-    control.ZCYCL = Quantity<LengthPhenomenon>(-12.345);
-    control.SUSTIF = Quantity<StressPhenomenon>(std::numeric_limits<double>::quiet_NaN());
-    control.NUMBS = 0;
-    std::ostringstream text;
-    profile.Export(text, "kN", "m", {"Generated profile", "second header line"}, writeEndLine);
-    return text.str();
-}
+// A version 5 profile "SOUTH-02" in kN and m, as the library writes it,
+// with a few control values whose JSON text is worth a look: CONFRC
+// 0.1 + 0.2 (0.30000000000000004, all 17 digits needed), GAMMAW 9.81,
+// ZCYCL -12.345, SUSTIF NaN and NUMBS 0 without NUMDM and NUMBM.
+const std::string south = TestData("tool-generated-south-02.terrix");
 
-// A stream of the offshore example and `next`: the example without its
-// empty line and end line, then the marker line.
+// A stream of the offshore example and `next`, the marker line between.
 std::string TwoProfiles(const std::string& next) {
-    const std::string example = ReadFile(examplePath);
-    const std::string endLine = "\nEND OF TERRIX INPUT FILE\n";
-    EXPECT_EQ(example.substr(example.size() - endLine.size()), endLine);
-    return example.substr(0, example.size() - endLine.size()) + "\n### New soil profile\n" + next;
+    return WithoutEndLine(ReadFile(examplePath)) + "\n### New soil profile\n" + next;
 }
 
 using TerrixToolTest = TerrixToolTesting::ToolTest;
@@ -70,15 +51,8 @@ TEST_F(TerrixToolTest, CheckPrintsOkPerFileAndGoesOnAfterAFileThatCannotBeRead) 
 }
 
 TEST_F(TerrixToolTest, CheckOfAMisspeltParameterGivesTheLibrarysFourLineError) {
-    const std::string file = File("misspelt.txt",
-                                  "TERRIX\n"
-                                  "A profile with a misspelt parameter name\n"
-                                  "TERRIX Version: 2009-09-01\n"
-                                  "\n"
-                                  "*** CONTROL SECTION           ***\n"
-                                  " 'BAD-01'            NAME OF THIS SOIL PROFILE, MAX 10 CHARACTERS\n"
-                                  "       1.0 CONFR   OLD-FORCE-UNIT  = CONFRC * NEW-FORCE-UNIT  1MN  = 1000*1KN\n"
-                                  "       1.0 CONLTH  OLD-LENGTH-UNIT = CONLTH * NEW-LENGTH-UNIT  1M  = 3.28*1FT\n");
+    // CONFRC written as "CONFR" on line 7 of the file.
+    const std::string file = File("misspelt.txt", TestData("tool-misspelt-parameter.terrix"));
     const ToolRun run = Run({"check", file});
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.out, "");
@@ -151,13 +125,13 @@ TEST_F(TerrixToolTest, ConvertWritesTheFileBackAsItWasAndNothingWhenItDoesNotImp
     EXPECT_EQ(run.out, ReadFile(examplePath));
 
     // Every profile keeps its own header lines; the marker stands between two.
-    const std::string two = TwoProfiles(GeneratedProfile(true));
+    const std::string two = TwoProfiles(south);
     EXPECT_EQ(Run({"convert", "-"}, two).out, two);
     const ToolRun second =
         Run({"convert", "--profile", "SOUTH-02", "--no-end-line", "-o", Path("south.txt"), "-"}, two);
     EXPECT_EQ(second.status, 0) << second.err;
     EXPECT_EQ(second.out, "");
-    EXPECT_EQ(ReadFile(Path("south.txt")), GeneratedProfile(false));
+    EXPECT_EQ(ReadFile(Path("south.txt")), WithoutEndLine(south));
     EXPECT_EQ(Run({"convert", "--profile", "#0", "-"}, two).out, ReadFile(examplePath));
     // Of two profiles of one name, --profile NAME takes the first.
     const std::string twins = TwoProfiles(Replaced(ReadFile(examplePath), "Monopile MP-07", "Monopile MP-07, again"));
@@ -185,7 +159,7 @@ TEST_F(TerrixToolTest, ConvertToOtherUnitsThenCheckAndDumpRoundTrip) {
 }
 
 TEST_F(TerrixToolTest, DumpGivesTheLibrarysValuesInDatabaseUnits) {
-    const ToolRun run = Run({"dump", File("south.txt", GeneratedProfile(true))});
+    const ToolRun run = Run({"dump", File("south.txt", south)});
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.err, "");
     // Numbers in their shortest exact text.
@@ -208,15 +182,15 @@ TEST_F(TerrixToolTest, DumpGivesTheLibrarysValuesInDatabaseUnits) {
 
     // A header written by an old program in Latin-1 (0xD8 is the letter Ø)
     // keeps every byte; one in UTF-8 stays as it is.
-    const std::string latin1 = Replaced(GeneratedProfile(true), "Generated profile", "\xD8rsted field, \xB0" "C");
+    const std::string latin1 = Replaced(south, "Generated profile", "\xD8rsted field, \xB0" "C");
     EXPECT_NE(Run({"dump", "-"}, latin1)
                   .out.find("\"header\": \"\xC3\x98rsted field, \xC2\xB0" "C\\nsecond header line\","),
               std::string::npos);
-    const std::string utf8 = Replaced(GeneratedProfile(true), "Generated profile", "\xC3\x98rsted");
+    const std::string utf8 = Replaced(south, "Generated profile", "\xC3\x98rsted");
     EXPECT_NE(Run({"dump", "-"}, utf8).out.find("\"header\": \"\xC3\x98rsted\\n"), std::string::npos);
 
     // --profile picks one profile of a stream, -o names the output file.
-    const std::string two = TwoProfiles(GeneratedProfile(true));
+    const std::string two = TwoProfiles(south);
     const ToolRun byName = Run({"dump", "--profile", "SOUTH-02", "-o", Path("south.json"), "-"}, two);
     EXPECT_EQ(byName.status, 0);
     EXPECT_EQ(byName.out, "");

@@ -4,10 +4,10 @@
 // with a command line and looks at its standard output, standard error and
 // exit status. Shared by the tests of every command.
 
-#include <fcntl.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
+#include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -15,6 +15,7 @@
 #include <vector>
 
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 namespace TerrixToolTesting {
 
@@ -32,12 +33,31 @@ inline std::string ReadFile(const std::filesystem::path& path) {
 }
 
 inline void WriteFile(const std::filesystem::path& path, const std::string& text) {
-    std::ofstream file(path, std::ios::binary);
-    file << text;
+    std::ofstream(path, std::ios::binary) << text;
 }
 
-// The path of a file of examples/.
+// The path of a file of examples/, and the text of a file of tests/data/
+// (expected outputs of the tool), which stands beside examples/.
 inline std::string ExamplePath(const std::string& name) { return std::string(TERRIX_EXAMPLES_DIR) + "/" + name; }
+inline std::string TestData(const std::string& name) {
+    return ReadFile(std::string(TERRIX_EXAMPLES_DIR) + "/../tests/data/" + name);
+}
+
+// The lines of `text`, without their line ends.
+inline std::vector<std::string> LinesOf(const std::string& text) {
+    std::vector<std::string> lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);) lines.push_back(line);
+    return lines;
+}
+
+// A whole file without its last line "END OF TERRIX INPUT FILE" and the
+// empty line before it, so that more may follow its last profile.
+inline std::string WithoutEndLine(const std::string& text) {
+    const std::string endLine = "\nEND OF TERRIX INPUT FILE\n";
+    EXPECT_EQ(text.substr(text.size() - std::min(text.size(), endLine.size())), endLine);
+    return text.substr(0, text.size() - std::min(text.size(), endLine.size()));
+}
 
 // `text` with its one occurrence of `from` replaced by `to`; a test fails
 // when `from` does not occur exactly once.
@@ -47,6 +67,18 @@ inline std::string Replaced(std::string text, const std::string& from, const std
     if (at == std::string::npos) return text;
     EXPECT_EQ(text.find(from, at + 1), std::string::npos) << from;
     return text.replace(at, from.size(), to);
+}
+
+// Every member of the JSON file `expectedFile` of tests/data/ is a JSON
+// pointer into `actual` and the value that stands there.
+inline void ExpectValuesAt(const nlohmann::ordered_json& actual, const std::string& expectedFile) {
+    const nlohmann::ordered_json expected = nlohmann::ordered_json::parse(TestData(expectedFile));
+    ASSERT_FALSE(expected.empty()) << expectedFile;
+    for (const auto& [key, value] : expected.items()) {
+        const nlohmann::ordered_json::json_pointer pointer(key);
+        ASSERT_TRUE(actual.contains(pointer)) << expectedFile << ": " << key;
+        EXPECT_EQ(actual.at(pointer), value) << expectedFile << ": " << key;
+    }
 }
 
 // Each test has a directory of its own for the files it writes.
@@ -62,47 +94,30 @@ protected:
     // A file of the test's own directory with the given text.
     std::string File(const std::string& name, const std::string& text) {
         WriteFile(directory_ / name, text);
-        return (directory_ / name).string();
+        return Path(name);
     }
     std::string Path(const std::string& name) const { return (directory_ / name).string(); }
 
-    // Runs terrix with the arguments, `input` on its standard input.
+    // Runs terrix with the arguments (each quoted for the shell), `input` on
+    // its standard input.
     ToolRun Run(const std::vector<std::string>& arguments, const std::string& input = "") {
-        const std::filesystem::path in = directory_ / "stdin";
-        const std::filesystem::path out = directory_ / "stdout";
-        const std::filesystem::path err = directory_ / "stderr";
-        WriteFile(in, input);
-        std::vector<std::string> words{TERRIX_TOOL_PATH};
-        words.insert(words.end(), arguments.begin(), arguments.end());
-        std::vector<char*> argv;
-        for (std::string& word : words) argv.push_back(word.data());
-        argv.push_back(nullptr);
-
-        const pid_t child = fork();
-        if (child == 0) {
-            const int inFile = open(in.c_str(), O_RDONLY);
-            const int outFile = open(out.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-            const int errFile = open(err.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-            if (inFile < 0 || outFile < 0 || errFile < 0) _exit(126);
-            dup2(inFile, 0);
-            dup2(outFile, 1);
-            dup2(errFile, 2);
-            execv(argv[0], argv.data());
-            _exit(127);
-        }
+        std::string command = Quoted(TERRIX_TOOL_PATH);
+        for (const std::string& argument : arguments) command += " " + Quoted(argument);
+        command += " <" + Quoted(File("stdin", input)) + " >" + Quoted(Path("stdout")) + " 2>" + Quoted(Path("stderr"));
+        const int status = std::system(command.c_str());
         ToolRun run;
-        int status = 0;
-        if (child < 0 || waitpid(child, &status, 0) != child) {
-            ADD_FAILURE() << "could not run " << TERRIX_TOOL_PATH;
-            return run;
-        }
         run.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-        run.out = ReadFile(out);
-        run.err = ReadFile(err);
+        run.out = ReadFile(Path("stdout"));
+        run.err = ReadFile(Path("stderr"));
         return run;
     }
 
 private:
+    static std::string Quoted(const std::string& word) {
+        std::string quoted = "'";
+        for (char c : word) quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
+        return quoted + "'";
+    }
     std::filesystem::path directory_;
 };
 
