@@ -90,6 +90,13 @@ inline std::string Replaced(std::string text, const std::string& from, const std
     return at == std::string::npos ? text : text.replace(at, from.size(), to);
 }
 
+// The same for a text in which `from` must occur exactly once.
+inline std::string ReplacedOnce(const std::string& text, const std::string& from, const std::string& to) {
+    const std::size_t at = text.find(from);
+    EXPECT_TRUE(at == std::string::npos || text.find(from, at + 1) == std::string::npos) << from;
+    return Replaced(text, from, to);
+}
+
 // How a single section is read and written: Counted(n) for a section that the
 // profile tells how many rows, layers or curves follow (from the control
 // section's counts), Uncounted for a section that needs no count.

@@ -76,8 +76,8 @@ public:
     std::uint64_t GetLineCounter() const { return lineCounter_; }
     Position GetPosition() const { return Position{position_, currentLine_, lineCounter_, lineToReport_}; }
     void SetPosition(const Position& position);
-    // Only the importer reads and the exporter writes; these are 1 and 0 for
-    // the importer so that callers may say how many columns they write.
+    // Column widths matter only to the exporter; the importer reads values
+    // whatever their columns, so a section may set a width on either archive.
     int GetColumnWidth() const { return 0; }
     void SetColumnWidth(int) {}
 

@@ -17,7 +17,15 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include "../TestSupport.h"
+
 namespace TerrixToolTesting {
+
+using TerrixExchange::Testing::TestData;
+// A tool test changes a file in one place that it names exactly.
+inline std::string Replaced(const std::string& text, const std::string& from, const std::string& to) {
+    return TerrixExchange::Testing::ReplacedOnce(text, from, to);
+}
 
 struct ToolRun {
     int status = -1;
@@ -36,12 +44,8 @@ inline void WriteFile(const std::filesystem::path& path, const std::string& text
     std::ofstream(path, std::ios::binary) << text;
 }
 
-// The path of a file of examples/, and the text of a file of tests/data/
-// (expected outputs of the tool), which stands beside examples/.
+// The path of a file of examples/.
 inline std::string ExamplePath(const std::string& name) { return std::string(TERRIX_EXAMPLES_DIR) + "/" + name; }
-inline std::string TestData(const std::string& name) {
-    return ReadFile(std::string(TERRIX_EXAMPLES_DIR) + "/../tests/data/" + name);
-}
 
 // The lines of `text`, without their line ends.
 inline std::vector<std::string> LinesOf(const std::string& text) {
@@ -59,15 +63,6 @@ inline std::string WithoutEndLine(const std::string& text) {
     return text.substr(0, text.size() - std::min(text.size(), endLine.size()));
 }
 
-// `text` with its one occurrence of `from` replaced by `to`; a test fails
-// when `from` does not occur exactly once.
-inline std::string Replaced(std::string text, const std::string& from, const std::string& to) {
-    const std::size_t at = text.find(from);
-    EXPECT_NE(at, std::string::npos) << from;
-    if (at == std::string::npos) return text;
-    EXPECT_EQ(text.find(from, at + 1), std::string::npos) << from;
-    return text.replace(at, from.size(), to);
-}
 
 // Every member of the JSON file `expectedFile` of tests/data/ is a JSON
 // pointer into `actual` and the value that stands there.
