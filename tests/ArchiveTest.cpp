@@ -320,21 +320,45 @@ TEST(Archive, VectorErrorsGiveTheIndexAndTheSize) {
 }
 
 TEST(Archive, RealsAreWrittenWithTheShortestTextThatReadsBackExactly) {
-    auto write = [](double value) {
-        return WriteText([&](Exporter& exporter) { exporter.Vector(std::vector<double>{value}, 1, ""); });
+    // A value in a column of 10 (the file's) and of 7 (the P-Y modification
+    // rows): the usual plain or exponent form when it fits the 9 or 6
+    // characters after the blank, else a shorter text of the same number;
+    // only when none fits does the column widen.
+    const struct {
+        double value;
+        const char* inTen;
+        const char* inSeven;
+    } cases[] = {
+        {0.1, "0.1", "0.1"},
+        {100.0, "100.0", "100.0"},
+        {-0.0, "-0.0", "-0.0"},
+        {12.345, "12.345", "12.345"},
+        {1234567.0, "1234567.0", "1234567.0"},
+        {12345678.0, "12345678.", "12345678.0"},
+        {123456789.0, "123456789", "123456789.0"},
+        {1.0e-7, "0.0000001", "1e-07"},
+        {1.0e-8, "1e-08", "1e-08"},
+        {0.00125, "0.00125", ".00125"},
+        {1.2345e-5, "1.2345e-5", "1.2345e-05"},
+        {2.5e12, "2.5e+12", "2.5e12"},
+        {1.234567e10, "1234567e4", "1.234567e+10"},
+        {1.5e300, "1.5e+300", "15e299"},
+        {0.1 + 0.2, "0.30000000000000004", "0.30000000000000004"},
+        {std::nan(""), "NaN", "NaN"},
+        {-std::numeric_limits<double>::infinity(), "-Inf", "-Inf"},
     };
-    EXPECT_EQ(write(0.1), "       0.1\n");
-    EXPECT_EQ(write(100.0), "     100.0\n");
-    EXPECT_EQ(write(-0.0), "      -0.0\n");
-    EXPECT_EQ(write(1234567.0), " 1234567.0\n");
-    EXPECT_EQ(write(12345678.0), " 12345678.0\n");
-    EXPECT_EQ(write(1.0e-7), " 0.0000001\n");
-    EXPECT_EQ(write(1.0e-8), "     1e-08\n");
-    EXPECT_EQ(write(2.5e12), "   2.5e+12\n");
-    // Wider than the column: the column widens, keeping the blank before it.
-    EXPECT_EQ(write(0.1 + 0.2), " 0.30000000000000004\n");
-    EXPECT_EQ(write(std::nan("")), "       NaN\n");
-    EXPECT_EQ(write(-std::numeric_limits<double>::infinity()), "      -Inf\n");
+    for (const auto& c : cases) {
+        for (const int width : {10, 7}) {
+            const std::string text = WriteText([&](Exporter& exporter) {
+                exporter.SetColumnWidth(width);
+                exporter.Vector(std::vector<double>{c.value}, 1, "");
+            });
+            const std::string expected = width == 10 ? c.inTen : c.inSeven;
+            const std::size_t field = static_cast<std::size_t>(width - 1);
+            EXPECT_EQ(text, " " + std::string(field > expected.size() ? field - expected.size() : 0, ' ') + expected + "\n")
+                << c.value;
+        }
+    }
 
     // Any double reads back as itself, through any unit system.
     std::mt19937_64 random(42);

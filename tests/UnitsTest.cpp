@@ -2,6 +2,7 @@
 // conversion to the database units (N and m) and back, and the deduction of
 // a file's units from its water unit weight and atmospheric pressure.
 
+#include <cstdlib>
 #include <sstream>
 #include <string>
 #include <tuple>
@@ -10,6 +11,7 @@
 
 #include <gtest/gtest.h>
 
+#include <TerrixExchange/archive/NumberText.h>
 #include <TerrixExchange/document/Terrix.h>
 #include <TerrixPlatform/Units/Runtime/FastUnitConverter.h>
 #include <TerrixPlatform/Units/Runtime/UnitSystem.h>
@@ -140,6 +142,33 @@ TEST(Units, DecimalValuesComeBackAsTheSameTextInEveryUnitSystem) {
     }
 }
 
+// A written number times the size of its unit is rounded once, exactly, to
+// the nearest double, however many of its digits agree with the point
+// halfway between two doubles, and in time linear in its length.
+TEST(Units, NumbersNextToARoundingBoundaryReadAsTheNearestDouble) {
+    std::istringstream cases(TestData("numbers-near-rounding-boundaries.txt"));
+    std::string line;
+    while (std::getline(cases, line)) {
+        if (line.empty() || line[0] == '#') continue;
+        std::istringstream fields(line);
+        std::string force, length, number, expected, flag;
+        DynamicDimension dimension;
+        fields >> force >> length >> dimension.force >> dimension.length >> number >> expected >> flag;
+        const UnitRatio size = UnitSystem(force, length).GetSize(dimension);
+        for (const std::string& text : {number, flag == "long" ? number + std::string(400000, '0') + "1" : ""}) {
+            if (text.empty()) continue;
+            double value = 0.0;
+            const bool read = ParseReal(text, value, size);
+            if (expected == "out-of-range") {
+                EXPECT_FALSE(read) << line;
+            } else {
+                EXPECT_TRUE(read) << line;
+                EXPECT_EQ(value, std::strtod(expected.c_str(), nullptr)) << line << (text.size() > number.size() ? " long" : "");
+            }
+        }
+    }
+}
+
 TEST(Units, ConversionFactorsFromDatabaseUnitsForEachDimension) {
     const FastUnitConverter toKNm(GetDatabaseUnitSystem(), UnitSystem("kN", "m"));
     const FastUnitConverter toNmm(GetDatabaseUnitSystem(), UnitSystem("N", "mm"));
@@ -231,12 +260,14 @@ TEST(UnitDeduction, NoPairWithinFivePerCentGivesFalse) {
     EXPECT_EQ(withLength(0.001 * 0.949), none);
 
     // A force unit of size f (in newtons) with the metre: GAMMAW = 10051.8 / f
-    // and ATMPRS = 101300 / f.
+    // and ATMPRS = 101300 / f. The length is found first and its name is
+    // written even when no force unit matches.
     auto withForce = [](double f) { return Deduced(WithWaterAndAir(10051.8 / f, 101300.0 / f), "N", "m"); };
+    const Deduction lengthOnly(false, "unset", "m");
     EXPECT_EQ(withForce(1000.0 * 1.049), Deduction(true, "kN", "m"));
-    EXPECT_EQ(withForce(1000.0 * 1.051), none);
-    EXPECT_EQ(withForce(0.001 * 0.949), none);
-    EXPECT_EQ(withForce(2.0), none);  // between N and lbf
+    EXPECT_EQ(withForce(1000.0 * 1.051), lengthOnly);
+    EXPECT_EQ(withForce(0.001 * 0.949), lengthOnly);
+    EXPECT_EQ(withForce(2.0), lengthOnly);  // between N and lbf
 }
 
 }  // namespace

@@ -1,15 +1,22 @@
 #include <TerrixExchange/archive/NumberText.h>
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <cstdlib>
+#include <cstring>
+#include <limits>
 #include <system_error>
+#include <vector>
 
 namespace TerrixExchange {
 
 using Units::Runtime::UnitRatio;
 
 namespace {
+
+using Wide = unsigned __int128;
 
 // A decimal number: sign, significant digits d1 d2 ... dn and the exponent e
 // of d1.d2...dn x 10^e. Zero has the digits "0".
@@ -20,12 +27,14 @@ struct Decimal {
 };
 
 // Significant digits kept where a conversion by an odd ratio divides: far
-// more than the 17 a double needs, so that rounding the result to a double
-// is rounding the exact quotient.
+// more than the 17 a double needs, so that the double nearest to them is the
+// double nearest to the exact quotient or one of its neighbours.
 const std::size_t divisionDigits = 40;
 
+bool IsZero(const Decimal& decimal) { return decimal.digits == "0"; }
+
 void Normalize(Decimal& decimal) {
-    std::size_t leading = decimal.digits.find_first_not_of('0');
+    const std::size_t leading = decimal.digits.find_first_not_of('0');
     if (leading == std::string::npos) {
         decimal.digits = "0";
         decimal.exponent = 0;
@@ -94,6 +103,7 @@ bool ToDecimal(const std::string& text, Decimal& decimal) {
     return true;
 }
 
+// The double nearest to the decimal (correctly rounded by from_chars).
 bool ToDouble(const Decimal& decimal, double& value) {
     const std::string text = (decimal.negative ? "-" : "") + decimal.digits.substr(0, 1) + "." +
                              decimal.digits.substr(1) + "e" + std::to_string(decimal.exponent);
@@ -110,56 +120,222 @@ bool ToDouble(const Decimal& decimal, double& value) {
     return true;
 }
 
-// decimal x numerator / denominator, to `divisionDigits` significant digits;
-// a last digit 1 stands for any remainder, so that the digits never fall on
-// a rounding boundary that the exact quotient does not.
-Decimal MultiplyDivide(const Decimal& decimal, __int128 numerator, __int128 denominator) {
-    // Multiply the digit string by the numerator.
-    std::string product;
-    __int128 carry = 0;
-    for (std::size_t i = decimal.digits.size(); i-- > 0;) {
-        const __int128 step = static_cast<__int128>(decimal.digits[i] - '0') * numerator + carry;
-        product.insert(product.begin(), static_cast<char>('0' + static_cast<int>(step % 10)));
+// decimal x factor, exactly. The digits are worked out from the last one and
+// each is written once, so the time is linear in the number of digits.
+Decimal Multiply(const Decimal& decimal, Wide factor) {
+    const std::size_t count = decimal.digits.size();
+    std::string digits(count + 40, '0');
+    std::size_t out = digits.size();
+    Wide carry = 0;
+    for (std::size_t i = count; i-- > 0;) {
+        const Wide step = static_cast<Wide>(decimal.digits[i] - '0') * factor + carry;
+        digits[--out] = static_cast<char>('0' + static_cast<int>(step % 10));
         carry = step / 10;
     }
-    long exponent = decimal.exponent;
     while (carry > 0) {
-        product.insert(product.begin(), static_cast<char>('0' + static_cast<int>(carry % 10)));
+        digits[--out] = static_cast<char>('0' + static_cast<int>(carry % 10));
         carry /= 10;
-        ++exponent;
     }
-    // Long division by the denominator, going on past the product's digits.
-    Decimal result;
-    result.negative = decimal.negative;
-    __int128 remainder = 0;
-    bool started = false;
-    long position = 0;
-    for (std::size_t i = 0; result.digits.size() < divisionDigits; ++i, ++position) {
-        if (i >= product.size() && remainder == 0) break;
-        remainder = remainder * 10 + (i < product.size() ? product[i] - '0' : 0);
-        const int digit = static_cast<int>(remainder / denominator);
-        remainder %= denominator;
-        if (digit != 0) started = true;
-        if (started) {
-            if (result.digits.empty()) result.exponent = exponent - position;
-            result.digits += static_cast<char>('0' + digit);
+    Decimal product;
+    product.negative = decimal.negative;
+    product.digits = digits.substr(out);
+    product.exponent = decimal.exponent + static_cast<long>(product.digits.size() - count);
+    Normalize(product);
+    return product;
+}
+
+// decimal / divisor to `count` significant digits, by long division from the
+// first digit; a last digit 1 stands for any remainder, so that the digits
+// never fall on a rounding boundary that the exact quotient does not.
+Decimal Divide(const Decimal& decimal, Wide divisor, std::size_t count) {
+    Decimal quotient;
+    quotient.negative = decimal.negative;
+    Wide remainder = 0;
+    std::size_t i = 0;
+    for (;; ++i) {
+        const bool pastDigits = i >= decimal.digits.size();
+        if (quotient.digits.size() >= count || (pastDigits && remainder == 0)) break;
+        remainder = remainder * 10 + (pastDigits ? 0 : static_cast<Wide>(decimal.digits[i] - '0'));
+        const int digit = static_cast<int>(remainder / divisor);
+        remainder %= divisor;
+        // The quotient digit of step i stands for 10^(exponent - i).
+        if (quotient.digits.empty() && digit != 0) quotient.exponent = decimal.exponent - static_cast<long>(i);
+        if (!quotient.digits.empty() || digit != 0) quotient.digits += static_cast<char>('0' + digit);
+    }
+    if (remainder != 0 || i < decimal.digits.size()) quotient.digits += '1';
+    if (quotient.digits.empty()) quotient.digits = "0";
+    Normalize(quotient);
+    return quotient;
+}
+
+// A whole number of any size, little-endian in 32-bit limbs: just what the
+// exact choice between two doubles needs.
+class Natural {
+public:
+    explicit Natural(Wide value) {
+        for (; value != 0; value >>= 32) limbs_.push_back(static_cast<std::uint32_t>(value));
+    }
+
+    void Multiply(std::uint64_t factor) {
+        Wide carry = 0;
+        for (std::uint32_t& limb : limbs_) {
+            const Wide step = static_cast<Wide>(limb) * factor + carry;
+            limb = static_cast<std::uint32_t>(step);
+            carry = step >> 32;
         }
+        for (; carry != 0; carry >>= 32) limbs_.push_back(static_cast<std::uint32_t>(carry));
     }
-    if (remainder != 0) result.digits += '1';
-    if (result.digits.empty()) result.digits = "0";
-    // The product's first digit stands for 10^exponent.
-    Normalize(result);
-    return result;
+
+    void ShiftLeft(unsigned bits) {
+        for (; bits >= 32; bits -= 32) limbs_.insert(limbs_.begin(), 0u);
+        if (bits > 0) Multiply(std::uint64_t{1} << bits);
+    }
+
+    // The decimal digits, most significant first ("0" for zero).
+    std::string Digits() const {
+        std::vector<std::uint32_t> rest = limbs_;
+        std::string reversed;
+        while (!rest.empty()) {
+            std::uint64_t remainder = 0;
+            for (std::size_t i = rest.size(); i-- > 0;) {
+                const std::uint64_t current = (remainder << 32) | rest[i];
+                rest[i] = static_cast<std::uint32_t>(current / 1000000000u);
+                remainder = current % 1000000000u;
+            }
+            while (!rest.empty() && rest.back() == 0) rest.pop_back();
+            for (int k = 0; k < 9 && (remainder != 0 || !rest.empty()); ++k, remainder /= 10)
+                reversed += static_cast<char>('0' + remainder % 10);
+        }
+        return reversed.empty() ? "0" : std::string(reversed.rbegin(), reversed.rend());
+    }
+
+private:
+    std::vector<std::uint32_t> limbs_;
+};
+
+// A non-negative double, or a point between two of them, as mantissa x
+// 2^exponent.
+struct Binary {
+    std::uint64_t mantissa;
+    int exponent;
+};
+
+Binary Decompose(double value) {
+    std::uint64_t bits = 0;
+    std::memcpy(&bits, &value, sizeof bits);
+    const int biased = static_cast<int>(bits >> 52);
+    const std::uint64_t fraction = bits & ((std::uint64_t{1} << 52) - 1);
+    if (biased == 0) return Binary{fraction, -1074};
+    return Binary{fraction | (std::uint64_t{1} << 52), biased - 1075};
+}
+
+// 2^1024, the first power of two past the largest double: a number at or
+// beyond the point halfway to it rounds to infinity.
+const Binary pastLargest{std::uint64_t{1} << 53, 971};
+
+// The point halfway between two neighbouring doubles `low` < `high`.
+Binary Midpoint(const Binary& low, const Binary& high) {
+    return Binary{low.mantissa + (high.mantissa << (high.exponent - low.exponent)), low.exponent - 1};
+}
+
+// point x factor, exactly, as a decimal.
+Decimal Times(const Binary& point, Wide factor) {
+    Natural number(factor);
+    number.Multiply(point.mantissa);
+    long shift = 0;
+    if (point.exponent >= 0) {
+        number.ShiftLeft(static_cast<unsigned>(point.exponent));
+    } else {
+        // 2^-k = 5^k / 10^k
+        for (int k = -point.exponent; k > 0; k -= 27) {
+            std::uint64_t power = 1;
+            for (int j = 0; j < std::min(k, 27); ++j) power *= 5;
+            number.Multiply(power);
+        }
+        shift = point.exponent;
+    }
+    Decimal decimal;
+    decimal.digits = number.Digits();
+    decimal.exponent = static_cast<long>(decimal.digits.size()) - 1 + shift;
+    Normalize(decimal);
+    return decimal;
+}
+
+// The order of two decimals by their magnitude: -1, 0 or 1.
+int CompareMagnitudes(const Decimal& a, const Decimal& b) {
+    if (IsZero(a) || IsZero(b)) return IsZero(a) == IsZero(b) ? 0 : IsZero(a) ? -1 : 1;
+    if (a.exponent != b.exponent) return a.exponent < b.exponent ? -1 : 1;
+    // Without trailing zeros, a text that is a prefix of the other is the smaller number.
+    const int order = a.digits.compare(b.digits);
+    return order < 0 ? -1 : order > 0 ? 1 : 0;
+}
+
+bool IsEven(double value) { return (Decompose(value).mantissa & 1) == 0; }
+
+// A first guess at decimal x numerator / denominator: the leading digits are
+// enough to land on the double nearest to the exact value or on a neighbour.
+bool Guess(const Decimal& decimal, const UnitRatio& ratio, double& value) {
+    Decimal leading;
+    leading.negative = decimal.negative;
+    leading.digits = decimal.digits.substr(0, divisionDigits + 20);
+    leading.exponent = decimal.exponent;
+    return ToDouble(Divide(Multiply(leading, static_cast<Wide>(ratio.numerator)), static_cast<Wide>(ratio.denominator),
+                           divisionDigits),
+                    value);
+}
+
+// decimal x numerator / denominator rounded once, exactly, to the nearest
+// double (halfway: the even one). From a guess, the result moves to a
+// neighbour while the exact value lies beyond the point halfway to it; the
+// comparison is x numerator against halfway point x denominator, both exact
+// decimals, so it takes time linear in the number of digits however many
+// digits agree.
+bool MultiplyDivideExactly(const Decimal& decimal, const UnitRatio& ratio, double guess, double& value) {
+    if (IsZero(decimal)) {
+        value = decimal.negative ? -0.0 : 0.0;
+        return true;
+    }
+    const double largest = std::numeric_limits<double>::max();
+    const Wide denominator = static_cast<Wide>(ratio.denominator);
+    const Decimal product = Multiply(decimal, static_cast<Wide>(ratio.numerator));
+    // -1, 0, 1: the exact value below, at or beyond the point.
+    auto side = [&](const Binary& point) { return CompareMagnitudes(product, Times(point, denominator)); };
+    double result = std::fabs(guess);
+    for (;;) {
+        if (result > 0.0) {
+            const double lower = std::nextafter(result, 0.0);
+            const int below = side(Midpoint(Decompose(lower), Decompose(result)));
+            if (below < 0) {
+                result = lower;
+                continue;
+            }
+            if (below == 0) {
+                if (IsEven(lower)) result = lower;
+                break;
+            }
+        }
+        const Binary upper = result == largest ? pastLargest : Decompose(std::nextafter(result, largest));
+        const int above = side(Midpoint(Decompose(result), upper));
+        if (above < 0 || (above == 0 && IsEven(result))) break;
+        // Past the largest double the number rounds to infinity: no value.
+        if (result == largest) return false;
+        result = std::nextafter(result, largest);
+        if (above == 0) break;
+    }
+    value = decimal.negative ? -result : result;
+    return true;
 }
 
 bool Convert(const Decimal& written, const UnitRatio& unitSize, double& value) {
     int shift = 0;
     if (unitSize.IsPowerOfTen(shift)) {
         Decimal shifted = written;
-        if (shifted.digits != "0") shifted.exponent += shift;
+        if (!IsZero(shifted)) shifted.exponent += shift;
         return ToDouble(shifted, value);
     }
-    return ToDouble(MultiplyDivide(written, unitSize.numerator, unitSize.denominator), value);
+    double guess = 0.0;
+    if (!Guess(written, unitSize, guess)) guess = std::numeric_limits<double>::max();
+    return MultiplyDivideExactly(written, unitSize, guess, value);
 }
 
 // The decimal rounded half up to `count` significant digits.
@@ -192,40 +368,73 @@ Decimal ShortestWritten(double value, const UnitRatio& unitSize) {
     int shift = 0;
     if (unitSize.IsPowerOfTen(shift)) {
         Decimal decimal = ShortestDecimal(value);
-        if (decimal.digits != "0") decimal.exponent -= shift;
+        if (!IsZero(decimal)) decimal.exponent -= shift;
         return decimal;
     }
-    const Decimal exact = MultiplyDivide(ShortestDecimal(value, static_cast<int>(divisionDigits)), unitSize.denominator,
-                                         unitSize.numerator);
+    const Decimal exact = Divide(Multiply(ShortestDecimal(value, static_cast<int>(divisionDigits)),
+                                          static_cast<Wide>(unitSize.denominator)),
+                                 static_cast<Wide>(unitSize.numerator), divisionDigits);
     for (std::size_t count = 1; count < divisionDigits; ++count) {
         const Decimal candidate = Rounded(exact, count);
+        // The guess rules out most candidates cheaply; the exact reading
+        // decides for those it leaves.
+        double guess = 0.0;
+        if (!Guess(candidate, unitSize, guess) || std::nextafter(guess, value) != value) continue;
         double back = 0.0;
-        if (Convert(candidate, unitSize, back) && back == value) return candidate;
+        if (MultiplyDivideExactly(candidate, unitSize, guess, back) && back == value) return candidate;
     }
     return exact;
 }
 
-std::string Fixed(const Decimal& decimal) {
+// --- Texts of a decimal ---
+
+std::string SignOf(const Decimal& decimal) { return decimal.negative ? "-" : ""; }
+
+// Plain decimals: "100.0", "12.5", "0.25". `compact` leaves out a zero that
+// only marks the place of the point: "100.", ".25".
+std::string Plain(const Decimal& decimal, bool compact = false) {
     const long count = static_cast<long>(decimal.digits.size());
-    std::string text = decimal.negative ? "-" : "";
-    if (decimal.exponent >= count - 1) {
-        text += decimal.digits + std::string(static_cast<std::size_t>(decimal.exponent - (count - 1)), '0') + ".0";
-    } else if (decimal.exponent >= 0) {
-        text += decimal.digits.substr(0, static_cast<std::size_t>(decimal.exponent) + 1) + "." +
-                decimal.digits.substr(static_cast<std::size_t>(decimal.exponent) + 1);
-    } else {
-        text += "0." + std::string(static_cast<std::size_t>(-decimal.exponent - 1), '0') + decimal.digits;
-    }
+    const long e = decimal.exponent;
+    if (e >= count - 1)
+        return SignOf(decimal) + decimal.digits + std::string(static_cast<std::size_t>(e - (count - 1)), '0') +
+               (compact ? "." : ".0");
+    if (e >= 0)
+        return SignOf(decimal) + decimal.digits.substr(0, static_cast<std::size_t>(e) + 1) + "." +
+               decimal.digits.substr(static_cast<std::size_t>(e) + 1);
+    return SignOf(decimal) + (compact ? "." : "0.") + std::string(static_cast<std::size_t>(-e - 1), '0') +
+           decimal.digits;
+}
+
+// Exponent form with the point after `before` digits (0: in front of them;
+// all of them: no point): "2.5e+12" when `padded` (a sign and at least two
+// exponent digits), else "2.5e12", "25e11", ".25e13".
+std::string Exponential(const Decimal& decimal, std::size_t before, bool padded) {
+    const std::size_t count = decimal.digits.size();
+    std::string text = SignOf(decimal) + decimal.digits.substr(0, before);
+    if (before < count) text += "." + decimal.digits.substr(before);
+    const long exponent = decimal.exponent - (static_cast<long>(before) - 1);
+    const std::string digits = std::to_string(std::labs(exponent));
+    text += "e";
+    if (exponent < 0) text += "-";
+    if (padded) text += (exponent < 0 ? "" : "+") + std::string(digits.size() < 2 ? "0" : "") + digits;
+    else text += digits;
     return text;
 }
 
-std::string Scientific(const Decimal& decimal) {
-    std::string text = decimal.negative ? "-" : "";
-    text += decimal.digits.substr(0, 1);
-    if (decimal.digits.size() > 1) text += "." + decimal.digits.substr(1);
-    const std::string digits = std::to_string(std::labs(decimal.exponent));
-    text += std::string("e") + (decimal.exponent < 0 ? "-" : "+") + (digits.size() < 2 ? "0" : "") + digits;
-    return text;
+// Plain decimals only for exponents that keep them short; far beyond a
+// column either way.
+bool HasPlainForm(const Decimal& decimal) { return std::labs(decimal.exponent) < 40; }
+
+// The shortest exponent form over every place of the point (moving the point
+// can save an exponent digit: "12.3e9" rather than "1.23e10"); the first of
+// equally short ones, from a point after the first digit on.
+std::string ShortestExponential(const Decimal& decimal) {
+    std::string best = Exponential(decimal, 1, false);
+    for (std::size_t before = 0; before <= decimal.digits.size(); ++before) {
+        const std::string text = Exponential(decimal, before, false);
+        if (text.size() < best.size()) best = text;
+    }
+    return best;
 }
 
 }  // namespace
@@ -235,12 +444,23 @@ std::string FormatReal(double value, int fieldWidth, const UnitRatio& unitSize) 
     if (std::isinf(value)) return value > 0 ? "Inf" : "-Inf";
     const std::size_t width = fieldWidth > 0 ? static_cast<std::size_t>(fieldWidth) : 0;
     const Decimal decimal = ShortestWritten(value, unitSize);
-    // Very large and very small exponents are never written in plain decimals.
-    const std::string fixed = std::labs(decimal.exponent) < 40 ? Fixed(decimal) : std::string(400, ' ');
-    if (fixed.size() <= width) return fixed;
-    const std::string scientific = Scientific(decimal);
-    if (scientific.size() <= width) return scientific;
-    return scientific.size() < fixed.size() ? scientific : fixed;
+    const bool hasPlain = HasPlainForm(decimal);
+    const bool isWhole = decimal.exponent >= static_cast<long>(decimal.digits.size()) - 1;
+    const std::string plain = hasPlain ? Plain(decimal) : std::string();
+    const std::string exponential = Exponential(decimal, 1, true);
+    // The usual forms first; in a column too narrow for them, shorter texts
+    // of the same number, so that the column widens only when none fits.
+    std::vector<std::string> texts;
+    if (hasPlain) texts.push_back(plain);
+    texts.push_back(exponential);
+    const std::string compactPlain = hasPlain ? Plain(decimal, true) : std::string();
+    if (hasPlain && compactPlain != plain) texts.push_back(compactPlain);
+    texts.push_back(Exponential(decimal, 1, false));
+    if (hasPlain && isWhole) texts.push_back(compactPlain.substr(0, compactPlain.size() - 1));
+    texts.push_back(ShortestExponential(decimal));
+    for (const std::string& text : texts)
+        if (text.size() <= width) return text;
+    return hasPlain && plain.size() <= exponential.size() ? plain : exponential;
 }
 
 bool ParseReal(const std::string& text, double& value, const UnitRatio& unitSize) {

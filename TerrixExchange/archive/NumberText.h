@@ -16,18 +16,22 @@ namespace TerrixExchange {
 // decimal text that reads back to exactly the value held, so a file read in
 // one unit system and written in another (and back) keeps every value.
 
-// The text of a real as the exporter writes it: plain decimals with a
-// decimal point when that fits `fieldWidth` characters, else exponent form
-// when that fits, else the shorter of the two (the column then widens;
-// nothing is rounded away). NaN and infinities are written "NaN", "Inf" and
-// "-Inf".
+// The text of a real as the exporter writes it, in a field of `fieldWidth`
+// characters: plain decimals with a decimal point ("100.0", "0.25") when that
+// fits, else exponent form ("2.5e+12"); in a field too narrow for both,
+// shorter texts of the same number ("12345678.", ".25", "1.2345e-5",
+// "123456789", "12.3e9"), so that a value stays within its field whenever
+// some text that reads back exactly fits. Only when none fits does the field
+// widen, with the shorter of the two usual forms (nothing is rounded away).
+// NaN and infinities are written "NaN", "Inf" and "-Inf".
 std::string FormatReal(double value, int fieldWidth,
                        const Units::Runtime::UnitRatio& unitSize = Units::Runtime::UnitRatio{});
 
 // Reads a number token: an optional sign, digits with an optional decimal
 // point, an optional exponent with "e", "E", "d" or "D", or NaN / Inf /
 // Infinity in any case. The result is the double nearest to the number times
-// `unitSize`; false for anything else or a value out of range.
+// `unitSize` (halfway: the even one), found in time linear in the length of
+// the token; false for anything else or a value out of range.
 bool ParseReal(const std::string& text, double& value,
                const Units::Runtime::UnitRatio& unitSize = Units::Runtime::UnitRatio{});
 

@@ -222,12 +222,14 @@ bool Terrix::TryDeduceUnits(Quantity<ForcePerUnitVolumePhenomenon> waterUnitWeig
     };
     static const char* const lengthNames[] = {"km", "m", "dm", "cm", "mm", "in", "ft"};
     static const char* const forceNames[] = {"N", "kN", "MN", "GN", "mN", "lbf", "kipf", "kgf"};
+    // The length unit is written as soon as it is found, even when no force
+    // unit matches then: a caller can tell which of the two failed.
     std::string length;
     if (!std::isfinite(lengthFactor) || !nearest(lengthFactor, lengthNames, 7, false, length)) return false;
+    lengthUnit = length;
     const double forceFactor = lengthFactor * lengthFactor * lengthFactor * (gRef / g);
     std::string force;
     if (!std::isfinite(forceFactor) || !nearest(forceFactor, forceNames, 8, true, force)) return false;
-    lengthUnit = length;
     forceUnit = force;
     return true;
 }
