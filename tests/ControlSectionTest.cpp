@@ -67,8 +67,8 @@ TEST(ControlSection, Version4ReadsItsCountsAndConvertsItsQuantities) {
     EXPECT_EQ(section.MIDBOT, 2);
     EXPECT_EQ(section.GAMMAW.GetValue(), 10051.8);
     EXPECT_EQ(section.ATMPRS.GetValue(), 101300.0);
-    EXPECT_EQ(section.ZCYCL.GetValue(), -15.0);
-    EXPECT_EQ(section.SUSTIF.GetValue(), 100000.0);
+    EXPECT_EQ(section.ZCYCL, -15.0);
+    EXPECT_EQ(section.SUSTIF, 100000.0);
     EXPECT_EQ(section.JPRINT, 1);
     EXPECT_FALSE(section.HasDMData() || section.HasBSData() || section.HasBMData());
     EXPECT_EQ(Write(section), version4Text);

@@ -81,7 +81,7 @@ TEST(MaterialCoefficientsSection, FactorsThatNoUnitSystemChangesInTheirOrder) {
 TEST(PileDiametersAndGroupEffectsSection, Version5HasAnEVHRATLineAndVersion4None) {
     // 12000 kN/m2 and 350.5 kN/m3 in N/m2 and N/m3; the two ratios as they are.
     const Diameters section{
-        {Length(0.9), Length(1.8), Length(2.4)}, ForcePerArea(12e6), ForcePerVolume(350500.0), 0.8, 0.35};
+        {Length(0.9), Length(1.8), Length(2.4)}, 12e6, 350500.0, 0.8, 0.35};
     ExpectReadsAndWritesBack(diametersText, diametersV5, section);
     // Diameters out of order keep it: nothing sorts them.
     auto unordered = section;
@@ -117,35 +117,33 @@ TEST(PileDiametersAndGroupEffectsSection, Version5HasAnEVHRATLineAndVersion4None
 TEST(SoilSurfaceAndGroundWaterSection, LevelsAndWaterConvertTheSlopeInDegreesDoesNot) {
     const auto surface = [](double zsurf, double scrgen, double scrloc, double slope, double zgrwt, double gampwp) {
         SoilSurfaceAndGroundWaterSection section;
-        section.ZSURF = Length(zsurf), section.SCRGEN = Length(scrgen), section.SCRLOC = Length(scrloc);
-        section.SLOPE = slope, section.ZGRWT = Length(zgrwt), section.GAMPWP = ForcePerVolume(gampwp);
+        section.ZSURF = zsurf, section.SCRGEN = scrgen, section.SCRLOC = scrloc;
+        section.SLOPE = slope, section.ZGRWT = zgrwt, section.GAMPWP = gampwp;
         return section;
     };
     const auto section = surface(25.5, 1.5, 2.25, 30.0, -4.0, 10250.0);
     ExpectReadsAndWritesBack(surfaceText, Uncounted, section);
     // Degrees are degrees in every unit system.
     const auto inMillimetres = ReadSection<SoilSurfaceAndGroundWaterSection>(surfaceText, Uncounted, "N", "mm");
-    EXPECT_EQ(inMillimetres.ZSURF, Length(0.0255));
+    EXPECT_EQ(inMillimetres.ZSURF, 0.0255);
     EXPECT_EQ(inMillimetres.SLOPE, 30.0);
     auto awkward = section;
-    awkward.ZSURF = Length(1.0 / 3.0);
+    awkward.ZSURF = 1.0 / 3.0;
     awkward.SLOPE = 0.1 + 0.2;
     ExpectRoundTrips(awkward, Uncounted);
 
     // A new profile has sea water as ground water (the control section's
     // default unit weight of water, 10.0518 kN/m3), and every level 0.
     const SoilSurfaceAndGroundWaterSection fresh;
-    EXPECT_EQ(fresh.GAMPWP, ControlSection().GAMMAW);
+    EXPECT_EQ(fresh.GAMPWP, ControlSection().GAMMAW.GetValue());
     EXPECT_EQ(fresh, surface(0.0, 0.0, 0.0, 0.0, 0.0, 10051.8));
 }
 
 TEST(LoadsAtSoilSurfaceSection, LoadsAndPointForcesOrNone) {
-    const Loads section{ForcePerArea(12500.0), ForcePerArea(40000.0), Length(15.0),   Length(-3.5),
-                        ForcePerArea(20000.0), Length(8.0),           {Force(150000.0), Force(275500.0)},
-                        {Length(4.0), Length(6.25)}};
+    const Loads section{12500.0, 40000.0, 15.0, -3.5, 20000.0, 8.0, {150000.0, 275500.0}, {Length(4.0), Length(6.25)}};
     ExpectReadsAndWritesBack(loadsText, Uncounted, section);
     auto awkward = section;
-    awkward.pointForces = {Force(1.0 / 3.0), Force(0.1 + 0.2), Force(-7e-9)};
+    awkward.pointForces = {1.0 / 3.0, 0.1 + 0.2, -7e-9};
     awkward.distances = {Length(2.0 / 3.0), Length(1e5), Length(0.0)};
     ExpectRoundTrips(awkward, Uncounted);
 
@@ -170,10 +168,8 @@ TEST(LoadsAtSoilSurfaceSection, LoadsAndPointForcesOrNone) {
 
 TEST(SoilTypeAndPropertySection, ReadsTwoLineRecordsAndWritesThemBack) {
     SoilTypes section;
-    section.records = {{1, ForcePerVolume(19500.0), 32.0, ForcePerArea(0.0), ForcePerArea(0.0), 0.005, 1.0, 0.5, 1,
-                        0.8, Length(0.01)},
-                       {2, ForcePerVolume(17000.0), 0.0, ForcePerArea(25000.0), ForcePerArea(125000.0), 0.02, 2.5,
-                        0.25, 0, 1.0, Length(0.015)}};
+    section.records = {{1, ForcePerVolume(19500.0), 32.0, 0.0, 0.0, 0.005, 1.0, 0.5, 1, 0.8, Length(0.01)},
+                       {2, ForcePerVolume(17000.0), 0.0, 25000.0, 125000.0, 0.02, 2.5, 0.25, 0, 1.0, Length(0.015)}};
     ExpectReadsAndWritesBack(soilTypeText, Counted(2), section);
     // No soil types: the title and header alone.
     EXPECT_EQ(WriteSection(SoilTypes(), Counted(0)), soilTypeHead);
@@ -183,13 +179,13 @@ TEST(SoilTypeAndPropertySection, ReadsTwoLineRecordsAndWritesThemBack) {
     inMillimetres.records[0].GAMTOT = ForcePerVolume(19.5e9);
     inMillimetres.records[0].TZZRES = Length(1e-5);
     inMillimetres.records[1].GAMTOT = ForcePerVolume(17e9);
-    inMillimetres.records[1].SU_Z0 = ForcePerArea(25e6);
-    inMillimetres.records[1].SU_Z100 = ForcePerArea(125e6);
+    inMillimetres.records[1].SU_Z0 = 25e6;
+    inMillimetres.records[1].SU_Z100 = 125e6;
     inMillimetres.records[1].TZZRES = Length(15e-6);
     EXPECT_EQ(ReadSection<SoilTypes>(soilTypeText, Counted(2), "N", "mm"), inMillimetres);
 
     auto awkward = section;
-    awkward.records[1].SU_Z100 = ForcePerArea(1.0 / 3.0);
+    awkward.records[1].SU_Z100 = 1.0 / 3.0;
     awkward.records[1].TZZRES = Length(0.1 + 0.2);
     awkward.records[1].PHI = 2.0 / 3.0;
     ExpectRoundTrips(awkward, Counted(2));
@@ -259,8 +255,7 @@ TEST(GeneralSections, FindLayerFindsTheFirstRecordOfTheSoilTypeOrMainLayer) {
 
 TEST(GivenSoilDisplacementsAndOpenHoleSection, ReadsFiveLengthsPerLevelInFileOrder) {
     const auto level = [](double z, double x, double y, double dz, double hole) {
-        return GivenSoilDisplacementsAndOpenHoleSectionRecord{Length(z), Length(x), Length(y), Length(dz),
-                                                              Length(hole)};
+        return GivenSoilDisplacementsAndOpenHoleSectionRecord{z, x, y, dz, hole};
     };
     Displacements section;
     section.records = {level(10.0, 0.05, 0.0, -0.002, 3.0), level(2.0, 0.0, 0.1, 0.0, 0.0)};

@@ -70,7 +70,7 @@ TEST(Layering, Version4ExampleKeepsApartOnlyLayersWithTheirOwnCurves) {
 
     // The first layer starts at the seafloor: layers 1 and 2 now meet at
     // 3.75, the middle of 1.5 and 6, and are merged again.
-    profile.GetTerrixInputData().soilSurfaceAndGroundWaterSection.ZSURF = Length(1.5);
+    profile.GetTerrixInputData().soilSurfaceAndGroundWaterSection.ZSURF = 1.5;
     EXPECT_EQ(profile.GetLayers(false).front(), MakeLayer(1, 1, 2, 1.5, 6.0));
     EXPECT_EQ(profile.GetLayers(true).front(), MakeLayer(1, 1, 2, 1.5, 6.0));
 

@@ -46,12 +46,12 @@ TEST(ProfileParameters, LoadsAndTheSideSlopeOfScourHoles) {
     // examples have none. The slope is given in degrees.
     Terrix profile(Version::V4);
     LoadsAtSoilSurfaceSection& loads = profile.GetTerrixInputData().loadsAtSoilSurfaceSection;
-    loads.SIGSRF = Quantity<ForcePerUnitAreaPhenomenon>(11.0);
-    loads.DPEMB = Quantity<ForcePerUnitAreaPhenomenon>(12.0);
-    loads.AEMB = Quantity<LengthPhenomenon>(13.0);
-    loads.BEMB = Quantity<LengthPhenomenon>(14.0);
-    loads.DPCIRC = Quantity<ForcePerUnitAreaPhenomenon>(15.0);
-    loads.RADIUS = Quantity<LengthPhenomenon>(16.0);
+    loads.SIGSRF = 11.0;
+    loads.DPEMB = 12.0;
+    loads.AEMB = 13.0;
+    loads.BEMB = 14.0;
+    loads.DPCIRC = 15.0;
+    loads.RADIUS = 16.0;
     profile.GetTerrixInputData().soilSurfaceAndGroundWaterSection.SLOPE = 45.0;
 
     EXPECT_EQ((std::vector<double>{profile.GetVerticalStressAtSurface().GetValue(),
@@ -101,6 +101,21 @@ TEST(AxialTables, Version4TakesTheLevelsThatBracketTheLayersMiddle) {
         levels.GetTerrixInputData().skinFrictionAndTipResistanceSectionV4.records.push_back(record);
     }
     EXPECT_EQ(Numbers(levels.GetSkinCompression(layer)), (Table{{0.0, 1.0}, {5.0, 3.0}, {10.0, 4.0}}));
+
+    // Rows at levels 20 then 2 do not bracket the middle 6 of a layer from
+    // 2 to 10 in file order: no level data at all.
+    Terrix outOfOrder(Version::V4);
+    for (double level : {20.0, 2.0}) {
+        SkinFrictionAndTipResistanceSectionV4Record record;
+        record.ZLEV = Length(level);
+        record.G0_SOIL = 1000.0;
+        record.POIS = 0.3;
+        outOfOrder.GetTerrixInputData().skinFrictionAndTipResistanceSectionV4.records.push_back(record);
+    }
+    const Layer between = MakeLayer(1, 1, 1, 2.0, 10.0);
+    EXPECT_TRUE(outOfOrder.GetSkinCompression(between).empty());
+    EXPECT_FALSE(outOfOrder.GetInitialSoilShearModulus(between));
+    EXPECT_FALSE(outOfOrder.GetPoissonRatio(between));
 }
 
 TEST(AxialTables, Version5PutsTheMainLayersValuesAtTheComputationalLayersLevels) {
@@ -144,7 +159,7 @@ TEST(AxialTables, Version5SUzUsesTheMainLayersOwnTopAndBottom) {
     // Main layer 4 starts at the bottom of main layer 3 (28).
     EXPECT_EQ(Numbers(profile.GetSUz(MakeLayer(4, 8, 3, 28.0, 42.0))), (Table{{28.0, 150.0}, {42.0, 260.0}}));
     // The first main layer starts at the seafloor.
-    profile.GetTerrixInputData().soilSurfaceAndGroundWaterSection.ZSURF = Length(2.0);
+    profile.GetTerrixInputData().soilSurfaceAndGroundWaterSection.ZSURF = 2.0;
     EXPECT_EQ(Numbers(profile.GetSUz(MakeLayer(1, 1, 2, 2.0, 5.0))), (Table{{2.0, 0.0}, {5.0, 0.0}}));
     // A main layer the table does not hold: empty, not an error.
     EXPECT_TRUE(profile.GetSUz(MakeLayer(9, 1, 1, 0.0, 1.0)).empty());

@@ -70,11 +70,10 @@ TEST(SkinFrictionSectionV4, EqualRangeBracketsTheMiddleOfALayerInFileOrder) {
     EXPECT_EQ(RangeOf({5.0}, 4.0, 6.0), std::make_pair(1L, 1L));       // one level at the middle: the same
     // Not sorted: from the last level above the middle to the first below,
     // with whatever stands between them in the file. Out of depth order the
-    // first level below (30) may stand before the last above (5): the range
-    // is never reversed but runs from the one to the other, both included.
+    // first level below may stand before the last above: no range.
     EXPECT_EQ(RangeOf({0.0, 10.0, 5.0, 12.0, 20.0}, 8.0, 14.0), std::make_pair(2L, 4L));
-    EXPECT_EQ(RangeOf({0.0, 30.0, 10.0, 20.0, 5.0}, 8.0, 14.0), std::make_pair(1L, 5L));
-    EXPECT_EQ(RangeOf({20.0, 0.0, 30.0, 10.0}, 8.0, 14.0), std::make_pair(0L, 4L));
+    EXPECT_EQ(RangeOf({0.0, 30.0, 10.0, 20.0, 5.0}, 8.0, 14.0), std::make_pair(5L, 5L));
+    EXPECT_EQ(RangeOf({20.0, 0.0, 30.0, 10.0}, 8.0, 14.0), std::make_pair(4L, 4L));
 }
 
 // Three levels, the second without the soil shear modulus, as the exporter

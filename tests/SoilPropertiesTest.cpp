@@ -112,10 +112,10 @@ TEST(SoilProperties, Version4EdgeCasesOfTheSoilTypeTable) {
     // Strengths decide the soil: zero throughout is sand, anything else
     // (a NaN too) clay.
     EXPECT_EQ(profile.GetSoilType(layer), SoilType::Sand);
-    soils[0].SU_Z100 = Quantity<ForcePerUnitAreaPhenomenon>(0.5);
+    soils[0].SU_Z100 = 0.5;
     EXPECT_EQ(profile.GetSoilType(layer), SoilType::Clay);
-    soils[0].SU_Z100 = Quantity<ForcePerUnitAreaPhenomenon>(0.0);
-    soils[0].SU_Z0 = Quantity<ForcePerUnitAreaPhenomenon>(std::numeric_limits<double>::quiet_NaN());
+    soils[0].SU_Z100 = 0.0;
+    soils[0].SU_Z0 = std::numeric_limits<double>::quiet_NaN();
     EXPECT_EQ(profile.GetSoilType(layer), SoilType::Clay);
 
     // A soil type without a row.

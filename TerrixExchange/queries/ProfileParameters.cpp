@@ -46,9 +46,13 @@ Terrix::StressByLevel AxialTable(const Terrix& profile, const Layer& layer, doub
 
 Quantity<ForcePerUnitVolumePhenomenon> Terrix::GetWaterUnitWeight() const { return inputData_.controlSection.GAMMAW; }
 
-Quantity<LengthPhenomenon> Terrix::GetLowestLevelWithCyclicPY() const { return inputData_.controlSection.ZCYCL; }
+Quantity<LengthPhenomenon> Terrix::GetLowestLevelWithCyclicPY() const {
+    return Quantity<LengthPhenomenon>(inputData_.controlSection.ZCYCL);
+}
 
-Quantity<StressPhenomenon> Terrix::GetLowestShearStiff() const { return inputData_.controlSection.SUSTIF; }
+Quantity<StressPhenomenon> Terrix::GetLowestShearStiff() const {
+    return Quantity<StressPhenomenon>(inputData_.controlSection.SUSTIF);
+}
 
 double Terrix::GetTanPhiCoeff() const { return inputData_.materialCoefficientsSection.SFTPHI; }
 
@@ -59,53 +63,53 @@ double Terrix::GetSkinFrictionCoeff() const { return inputData_.materialCoeffici
 double Terrix::GetPileTipResistanceCoeff() const { return inputData_.materialCoefficientsSection.SFSIGT; }
 
 Quantity<ForcePerUnitAreaPhenomenon> Terrix::GetModulusOfElasticity() const {
-    return inputData_.pileDiametersAndGroupEffectsSection.ESOL0;
+    return Quantity<ForcePerUnitAreaPhenomenon>(inputData_.pileDiametersAndGroupEffectsSection.ESOL0);
 }
 
 Quantity<ForcePerUnitVolumePhenomenon> Terrix::GetModulusOfElasticitySlope() const {
-    return inputData_.pileDiametersAndGroupEffectsSection.ESOL1;
+    return Quantity<ForcePerUnitVolumePhenomenon>(inputData_.pileDiametersAndGroupEffectsSection.ESOL1);
 }
 
 double Terrix::GetAveragePoissonRatio() const { return inputData_.pileDiametersAndGroupEffectsSection.POSAVR; }
 
-Quantity<LengthPhenomenon> Terrix::GetZSeafloor() const { return inputData_.soilSurfaceAndGroundWaterSection.ZSURF; }
+Quantity<LengthPhenomenon> Terrix::GetZSeafloor() const {
+    return Quantity<LengthPhenomenon>(inputData_.soilSurfaceAndGroundWaterSection.ZSURF);
+}
 
 Quantity<LengthPhenomenon> Terrix::GetDepthOfScour() const {
-    return inputData_.soilSurfaceAndGroundWaterSection.SCRGEN;
+    return Quantity<LengthPhenomenon>(inputData_.soilSurfaceAndGroundWaterSection.SCRGEN);
 }
 
 Quantity<LengthPhenomenon> Terrix::GetDepthOfLocalScour() const {
-    return inputData_.soilSurfaceAndGroundWaterSection.SCRLOC;
+    return Quantity<LengthPhenomenon>(inputData_.soilSurfaceAndGroundWaterSection.SCRLOC);
 }
 
 Quantity<AnglePhenomenon> Terrix::GetSideSlope() const {
     return FromDegrees(inputData_.soilSurfaceAndGroundWaterSection.SLOPE);
 }
 
-// The loads section holds its stresses as forces per area; a stress is the
-// same number.
 Quantity<StressPhenomenon> Terrix::GetVerticalStressAtSurface() const {
-    return AsStored<StressPhenomenon>(inputData_.loadsAtSoilSurfaceSection.SIGSRF.GetValue());
+    return Quantity<StressPhenomenon>(inputData_.loadsAtSoilSurfaceSection.SIGSRF);
 }
 
 Quantity<StressPhenomenon> Terrix::GetVerticalStressUnderEmbankment() const {
-    return AsStored<StressPhenomenon>(inputData_.loadsAtSoilSurfaceSection.DPEMB.GetValue());
+    return Quantity<StressPhenomenon>(inputData_.loadsAtSoilSurfaceSection.DPEMB);
 }
 
 Quantity<LengthPhenomenon> Terrix::GetWidthOfEmbankmentSlopingPart() const {
-    return inputData_.loadsAtSoilSurfaceSection.AEMB;
+    return Quantity<LengthPhenomenon>(inputData_.loadsAtSoilSurfaceSection.AEMB);
 }
 
 Quantity<LengthPhenomenon> Terrix::GetDistancePileToEmbankmentToe() const {
-    return inputData_.loadsAtSoilSurfaceSection.BEMB;
+    return Quantity<LengthPhenomenon>(inputData_.loadsAtSoilSurfaceSection.BEMB);
 }
 
 Quantity<StressPhenomenon> Terrix::GetVerticalStressUnderCircularLoadedArea() const {
-    return AsStored<StressPhenomenon>(inputData_.loadsAtSoilSurfaceSection.DPCIRC.GetValue());
+    return Quantity<StressPhenomenon>(inputData_.loadsAtSoilSurfaceSection.DPCIRC);
 }
 
 Quantity<LengthPhenomenon> Terrix::GetRadiusOfCircularLoadedArea() const {
-    return inputData_.loadsAtSoilSurfaceSection.RADIUS;
+    return Quantity<LengthPhenomenon>(inputData_.loadsAtSoilSurfaceSection.RADIUS);
 }
 
 // Only the version 4 skin friction section has the two T-Z parameters.
@@ -137,9 +141,9 @@ Terrix::StressByLevel Terrix::GetSUz(const Layer& layer) const {
         // A soil type gives its strength at level 0 and at level 100, 100 in
         // the length unit the file is written in (100 m, or 100 ft).
         const SoilTypeAndPropertySectionRecord& soil = FindLayerRecord(inputData_.soilTypeAndPropertySection, layer);
-        strengths[Quantity<LengthPhenomenon>(0.0)] = AsStored<StressPhenomenon>(soil.SU_Z0.GetValue());
+        strengths[Quantity<LengthPhenomenon>(0.0)] = AsStored<StressPhenomenon>(soil.SU_Z0);
         strengths[unitSystem_.ConvertFromUnitSystem<LengthPhenomenon>(100.0)] =
-            AsStored<StressPhenomenon>(soil.SU_Z100.GetValue());
+            AsStored<StressPhenomenon>(soil.SU_Z100);
     } else if (GetVersion() == Version::V5) {
         // A main layer gives its strength at its own top and bottom: its top
         // is the bottom of the main layer above it, or the seafloor for the

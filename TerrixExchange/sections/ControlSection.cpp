@@ -11,9 +11,7 @@ ControlSection::ControlSection(Version version_)
     : version(version_),
       // Sea water, although the comment line speaks of 9.81 KN/M3.
       GAMMAW(UnitSystem("kN", "m").ConvertFromUnitSystem<ForcePerUnitVolumePhenomenon>(10.0518)),
-      ATMPRS(UnitSystem("kN", "m").ConvertFromUnitSystem<StressPhenomenon>(101.3)),
-      ZCYCL(0.0),
-      SUSTIF(0.0) {}
+      ATMPRS(UnitSystem("kN", "m").ConvertFromUnitSystem<StressPhenomenon>(101.3)) {}
 
 template <class Archive>
 void ControlSection::Serialize(Archive& archive) {
@@ -34,8 +32,8 @@ void ControlSection::Serialize(Archive& archive) {
     }
     archive.RequiredParameter(GAMMAW, "GAMMAW", "UNIT WEIGHT OF WATER (9.81 KN/M3 IN SI-UNITS)");
     archive.RequiredParameter(ATMPRS, "ATMPRS", "ATMOSPHERIC PRESSURE (101.3 KN/M2 IN SI-UNITS)");
-    archive.RequiredParameter(ZCYCL, "ZCYCL", "Z-LEVEL DOWN TO WHICH CYCLIC P-Y DATA SHALL BE GENERATED");
-    archive.RequiredParameter(SUSTIF, "SUSTIF", "USE STIFF CLAY P-Y PROCEDURES IF SU.GT.SUSTF (API ONLY)");
+    archive.RequiredParameter(AsQuantity<LengthPhenomenon>(ZCYCL), "ZCYCL", "Z-LEVEL DOWN TO WHICH CYCLIC P-Y DATA SHALL BE GENERATED");
+    archive.RequiredParameter(AsQuantity<ForcePerUnitAreaPhenomenon>(SUSTIF), "SUSTIF", "USE STIFF CLAY P-Y PROCEDURES IF SU.GT.SUSTF (API ONLY)");
     archive.RequiredParameter(JPRINT, "JPRINT", "PRINTED OUTPUT DATA (0=NONE 1=SOME 2=FULL)");
     archive.RequiredParameter(JECHO, "JECHO", "ECHO PRINT OF INPUT FILE NF14 TO FILE NF16 (0=NO 1=YES)");
     archive.OptionalParameter(NUMDM, "NUMDM", "NUMBER OF LAYERS WITH DISTRIBUTED MOMENT. THIS FLAG IS OPTIONAL");

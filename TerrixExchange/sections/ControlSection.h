@@ -42,8 +42,10 @@ public:
     int NUMDSP = 0;
     Units::Runtime::Quantity<Units::Runtime::ForcePerUnitVolumePhenomenon> GAMMAW;
     Units::Runtime::Quantity<Units::Runtime::StressPhenomenon> ATMPRS;
-    Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon> ZCYCL;
-    Units::Runtime::Quantity<Units::Runtime::StressPhenomenon> SUSTIF;
+    // A level (converted as a length) and an undrained shear strength
+    // (converted as a force per area), held in database units.
+    double ZCYCL = 0.0;
+    double SUSTIF = 0.0;
     int JPRINT = 0;
     int JECHO = 0;
     boost::optional<int> NUMDM;

@@ -5,9 +5,13 @@
 
 namespace TerrixExchange {
 
+using namespace Units::Runtime;
+
 template <class Archive>
 void GivenSoilDisplacementsAndOpenHoleSectionRecord::Serialize(Archive& archive) {
-    archive.Row(ZLEV, DSP_X, DSP_Y, DSP_Z, HOLE_DIAM);
+    archive.Row(AsQuantity<LengthPhenomenon>(ZLEV), AsQuantity<LengthPhenomenon>(DSP_X),
+                AsQuantity<LengthPhenomenon>(DSP_Y), AsQuantity<LengthPhenomenon>(DSP_Z),
+                AsQuantity<LengthPhenomenon>(HOLE_DIAM));
 }
 
 template void GivenSoilDisplacementsAndOpenHoleSectionRecord::Serialize(Importer&);

@@ -11,7 +11,8 @@ namespace TerrixExchange {
 // A Z-level with a prescribed soil displacement and an open hole, a row of
 // the given soil displacements table. The members are the table's columns
 // in the file's order, named by their column titles ("DSP-X" as DSP_X). All
-// five are lengths and are converted between unit systems.
+// five are lengths, converted between unit systems and held in database
+// units.
 class GivenSoilDisplacementsAndOpenHoleSectionRecord {
 public:
     TERRIX_ALLOCATION_OPERATORS
@@ -19,13 +20,13 @@ public:
     template <class Archive>
     void Serialize(Archive& archive);
 
-    Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon> ZLEV;
+    double ZLEV = 0.0;
     // The soil displacement given at ZLEV, in X, Y and Z.
-    Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon> DSP_X;
-    Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon> DSP_Y;
-    Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon> DSP_Z;
+    double DSP_X = 0.0;
+    double DSP_Y = 0.0;
+    double DSP_Z = 0.0;
     // The diameter of the open hole at ZLEV.
-    Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon> HOLE_DIAM;
+    double HOLE_DIAM = 0.0;
 };
 
 bool operator==(const GivenSoilDisplacementsAndOpenHoleSectionRecord& left,

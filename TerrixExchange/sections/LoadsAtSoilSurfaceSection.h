@@ -21,20 +21,23 @@ public:
     template <class Archive>
     void Serialize(Archive& archive);
 
+    // Stresses are converted as forces per area, widths, positions and radii
+    // as lengths; all are held in database units.
+
     // Vertical stress at the surface.
-    Units::Runtime::Quantity<Units::Runtime::ForcePerUnitAreaPhenomenon> SIGSRF;
+    double SIGSRF = 0.0;
     // Embankment: the vertical stress under it, the width A of its sloping
     // part, and the pile's position from its toe (positive outside).
-    Units::Runtime::Quantity<Units::Runtime::ForcePerUnitAreaPhenomenon> DPEMB;
-    Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon> AEMB;
-    Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon> BEMB;
+    double DPEMB = 0.0;
+    double AEMB = 0.0;
+    double BEMB = 0.0;
     // Circular loaded area with the pile in its centre: the vertical stress
     // under it and its radius.
-    Units::Runtime::Quantity<Units::Runtime::ForcePerUnitAreaPhenomenon> DPCIRC;
-    Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon> RADIUS;
-    // Vertical point forces and their horizontal distances to the pile axis,
-    // one distance per force.
-    std::vector<Units::Runtime::Quantity<Units::Runtime::ForcePhenomenon>> pointForces;
+    double DPCIRC = 0.0;
+    double RADIUS = 0.0;
+    // Vertical point forces (converted as forces) and their horizontal
+    // distances to the pile axis, one distance per force.
+    std::vector<double> pointForces;
     std::vector<Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>> distances;
 };
 

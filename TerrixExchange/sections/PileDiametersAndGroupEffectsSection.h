@@ -23,9 +23,10 @@ public:
     // In the order the file gives them (increasing, by the file's comment;
     // neither checked nor sorted).
     std::vector<Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>> diameters;
-    // Soil modulus for the group effect: ESOIL(Z) = ESOL0 + ESOL1 * Z.
-    Units::Runtime::Quantity<Units::Runtime::ForcePerUnitAreaPhenomenon> ESOL0;
-    Units::Runtime::Quantity<Units::Runtime::ForcePerUnitVolumePhenomenon> ESOL1;
+    // Soil modulus for the group effect: ESOIL(Z) = ESOL0 + ESOL1 * Z, a
+    // force per area and a force per volume, in database units.
+    double ESOL0 = 0.0;
+    double ESOL1 = 0.0;
     // EV(Z) / EH(Z), the vertical over the horizontal soil modulus for the
     // axial group effect; 1.0 (isotropic soil) until a file says otherwise.
     double EVHRAT = 1.0;

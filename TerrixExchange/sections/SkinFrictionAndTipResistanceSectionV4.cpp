@@ -43,24 +43,24 @@ bool operator!=(const Record& left, const Record& right) { return !(left == righ
 std::pair<SkinFrictionAndTipResistanceSectionV4::const_iterator, SkinFrictionAndTipResistanceSectionV4::const_iterator>
 SkinFrictionAndTipResistanceSectionV4::EqualRange(const Layer& layer) const {
     const const_iterator end = records.end();
-    const_iterator above = end;  // the last record above the middle
-    const_iterator below = end;  // the first record below it
+    const_iterator first = end;   // the last record above the middle
+    const_iterator second = end;  // the first record below it
     for (const_iterator record = records.begin(); record != end; ++record) {
         if (record->IsAboveMiddleOfLayer(layer))
-            above = record;
-        else if (record->IsBelowMiddleOfLayer(layer) && below == end)
-            below = record;
+            first = record;
+        else if (record->IsBelowMiddleOfLayer(layer) && second == end)
+            second = record;
     }
-    if (below == end)
-        below = above;
-    else if (above == end)
-        above = below;
+    if (second == end)
+        second = first;
+    else if (first == end)
+        first = second;
+    if (second != end) ++second;
     // Levels out of depth order can put the first level below the middle in
-    // front of the last one above it; the range then runs from the one to the
-    // other, so that it is never reversed and holds both.
-    if (below < above) std::swap(above, below);
-    if (below != end) ++below;
-    return {above, below};
+    // front of the last one above it: the two do not bracket the middle in
+    // the file, and the range is empty rather than reversed.
+    if (second < first) return {end, end};
+    return {first, second};
 }
 
 template <class Archive>

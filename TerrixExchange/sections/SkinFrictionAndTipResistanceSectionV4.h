@@ -66,8 +66,8 @@ public:
     // included (with whatever lies between them in file order). With levels
     // on one side only, the one nearest record on that side; with no records,
     // an empty range. The records are taken in file order, not sorted; should
-    // the levels stand out of depth order, the range runs from whichever of
-    // the two bracketing records comes first in the file to the other.
+    // the levels stand out of depth order so that the first record below the
+    // middle comes before the last one above it, the range is empty.
     std::pair<const_iterator, const_iterator> EqualRange(const Layer& layer) const;
 
     // `count`: the number of levels to read.

@@ -6,19 +6,21 @@
 
 namespace TerrixExchange {
 
+using namespace Units::Runtime;
+
 // The ground water of a new profile is the water of its control section.
-SoilSurfaceAndGroundWaterSection::SoilSurfaceAndGroundWaterSection() : GAMPWP(ControlSection().GAMMAW) {}
+SoilSurfaceAndGroundWaterSection::SoilSurfaceAndGroundWaterSection() : GAMPWP(ControlSection().GAMMAW.GetValue()) {}
 
 template <class Archive>
 void SoilSurfaceAndGroundWaterSection::Serialize(Archive& archive) {
     const auto guard = archive.BeginSection("SOIL SURFACE AND GROUND WATER SECTION");
-    archive.RequiredParameter(ZSURF, "ZSURF", "Z-LEVEL OF NON-SCOURED SOIL SURFACE");
-    archive.RequiredParameter(SCRGEN, "SCRGEN", "DEPTH OF GENERAL SCOUR BELOW ZSURF");
-    archive.RequiredParameter(SCRLOC, "SCRLOC", "DEPTH OF LOCAL SCOUR BELOW ZSURF");
+    archive.RequiredParameter(AsQuantity<LengthPhenomenon>(ZSURF), "ZSURF", "Z-LEVEL OF NON-SCOURED SOIL SURFACE");
+    archive.RequiredParameter(AsQuantity<LengthPhenomenon>(SCRGEN), "SCRGEN", "DEPTH OF GENERAL SCOUR BELOW ZSURF");
+    archive.RequiredParameter(AsQuantity<LengthPhenomenon>(SCRLOC), "SCRLOC", "DEPTH OF LOCAL SCOUR BELOW ZSURF");
     archive.RequiredParameter(SLOPE, "SLOPE", "SIDE SLOPE (DEGREES) OF LOCAL SCOUR HOLES");
-    archive.RequiredParameter(ZGRWT, "ZGRWT", "Z-LEVEL OF GROUND WATER TABLE");
+    archive.RequiredParameter(AsQuantity<LengthPhenomenon>(ZGRWT), "ZGRWT", "Z-LEVEL OF GROUND WATER TABLE");
     // "PRSS" is how the file has always spelt it.
-    archive.RequiredParameter(GAMPWP, "GAMPWP", "UNIT WEIGHT OF GROUND WATER (USED TO FIND PORE WATER PRSS)");
+    archive.RequiredParameter(AsQuantity<ForcePerUnitVolumePhenomenon>(GAMPWP), "GAMPWP", "UNIT WEIGHT OF GROUND WATER (USED TO FIND PORE WATER PRSS)");
 }
 
 template void SoilSurfaceAndGroundWaterSection::Serialize(Importer&);

@@ -19,18 +19,21 @@ public:
     template <class Archive>
     void Serialize(Archive& archive);
 
+    // Levels and depths are converted as lengths, GAMPWP as a force per
+    // volume; all are held in database units.
+
     // Z-level of the soil surface before scour; the first layer starts here.
-    Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon> ZSURF;
+    double ZSURF = 0.0;
     // Depths of general and of local scour below ZSURF.
-    Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon> SCRGEN;
-    Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon> SCRLOC;
+    double SCRGEN = 0.0;
+    double SCRLOC = 0.0;
     // Side slope of local scour holes, in degrees as the file gives it:
     // degrees are the same in every unit system, so it is never converted.
     double SLOPE = 0.0;
     // Z-level of the ground water table.
-    Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon> ZGRWT;
+    double ZGRWT = 0.0;
     // Unit weight of the ground water, from which pore pressures follow.
-    Units::Runtime::Quantity<Units::Runtime::ForcePerUnitVolumePhenomenon> GAMPWP;
+    double GAMPWP;
 };
 
 bool operator==(const SoilSurfaceAndGroundWaterSection& left, const SoilSurfaceAndGroundWaterSection& right);

@@ -7,10 +7,13 @@
 
 namespace TerrixExchange {
 
+using namespace Units::Runtime;
+
 template <class Archive>
 void SoilTypeAndPropertySectionRecord::Serialize(Archive& archive) {
     // Eight columns of ten fill the 80 columns of a line.
-    archive.Row(TYP, GAMTOT, PHI, SU_Z0, SU_Z100, EPSC, OCR, API_J);
+    archive.Row(TYP, GAMTOT, PHI, AsQuantity<ForcePerUnitAreaPhenomenon>(SU_Z0),
+                AsQuantity<ForcePerUnitAreaPhenomenon>(SU_Z100), EPSC, OCR, API_J);
     archive.Row(GAP, RPRAT, TZZRES);
 }
 

@@ -27,9 +27,9 @@ public:
     // Friction angle, in degrees.
     double PHI = 0.0;
     // Undrained shear strength at Z = 0 and at Z = 100 (100 in the file's
-    // own length unit).
-    Units::Runtime::Quantity<Units::Runtime::ForcePerUnitAreaPhenomenon> SU_Z0;
-    Units::Runtime::Quantity<Units::Runtime::ForcePerUnitAreaPhenomenon> SU_Z100;
+    // own length unit), converted as forces per area.
+    double SU_Z0 = 0.0;
+    double SU_Z100 = 0.0;
     // P-Y parameters: strain at half the peak strength, over-consolidation
     // ratio, and the API constant J. Plain numbers, never converted.
     double EPSC = 0.0;
