@@ -192,7 +192,7 @@ TEST(SoilTypeAndPropertySection, ReadsTwoLineRecordsAndWritesThemBack) {
 
     // Comments between and within records, CRLF, tabs, and integers truncated
     // toward zero.
-    EXPECT_EQ(ReadSection<SoilTypes>(WithCrLf(TestData("general-sections-soil-types-hand-written.terrix")), Counted(2)),
+    EXPECT_EQ(ReadSection<SoilTypes>(WithLineEnds(TestData("general-sections-soil-types-hand-written.terrix"), "\r\n"), Counted(2)),
               section);
 }
 

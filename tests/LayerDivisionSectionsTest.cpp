@@ -115,7 +115,7 @@ TEST(SoilLayerDivisionsSection, ReadsDivisionsUntilTheyCoverTheLayersAndWritesEv
 
     // CRLF, tabs, a bare title, free columns, a truncated LAYER2, a comment
     // between two divisions and millimetres.
-    EXPECT_EQ(ReadSection<Divisions>(WithCrLf(TestData("layer-division-v4-hand-written-mm.terrix")), Counted(5), "kN",
+    EXPECT_EQ(ReadSection<Divisions>(WithLineEnds(TestData("layer-division-v4-hand-written-mm.terrix"), "\r\n"), Counted(5), "kN",
                                      "mm")
                   .records,
               (std::vector<Division>(divisions.begin(), divisions.begin() + 2)));
@@ -195,7 +195,7 @@ TEST(MainLayersSubdivisionSection, MainLayersWithTheirMiscellaneousValuesReadAnd
               section);
 
     // CRLF, tabs and millimetres.
-    const std::string inMillimetres = WithCrLf(subdivisionHead + "\t1\t5500\t3\t0\t0\t0\t0\t7.25\t0\n");
+    const std::string inMillimetres = WithLineEnds(subdivisionHead + "\t1\t5500\t3\t0\t0\t0\t0\t7.25\t0\n", "\r\n");
     EXPECT_EQ(ReadSection<Subdivision>(inMillimetres, Counted(1), "kN", "mm").records,
               (std::vector<MainLayer>{MakeMainLayer(1, 5.5, 3, 0, 0, 0, 0, {7.25, 0})}));
 }

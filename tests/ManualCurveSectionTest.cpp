@@ -152,7 +152,7 @@ TEST(ManualCurveSection, RoundTripsInKilonewtonMetreAndNewtonMillimetre) {
 TEST(ManualCurveSection, ReadsHandWrittenCurvesWithCommentsTabsAndCrLf) {
     // Tabs between values, a '*' comment and a 'C' comment between the lines
     // of a record, and points spread over two lines.
-    EXPECT_EQ(ReadSection<ManualBSYBaseShearDataSection>(WithCrLf(TestData("manual-curve-bsy-hand-written.terrix")),
+    EXPECT_EQ(ReadSection<ManualBSYBaseShearDataSection>(WithLineEnds(TestData("manual-curve-bsy-hand-written.terrix"), "\r\n"),
                                                           Counted(1)),
               Curves<ManualBSYBaseShearDataSection>(
                   {{10, 2.134, {0.0, 865300.0, 1912700.0, 2322500.0}, {0.0, 0.005, 0.02, 0.05}}}));

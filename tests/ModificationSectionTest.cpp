@@ -181,7 +181,7 @@ TEST(ModificationSection, RoundTripsInKilonewtonMetreAndNewtonMillimetre) {
 
 TEST(ModificationSection, RowsEndAtTheFirstLineThatIsNoRow) {
     // CRLF, tabs and a comment; P-Y rows in columns of 10 read as well.
-    const std::string text = WithCrLf(TestData("modification-py-and-mtheta-hand-written.terrix"));
+    const std::string text = WithLineEnds(TestData("modification-py-and-mtheta-hand-written.terrix"), "\r\n");
     PyLateralResistanceDataModificationSection py;
     MthetaMomentDataModificationSection mTheta;
     ReadText(text, [&](Importer& importer) {

@@ -133,7 +133,7 @@ TEST(MultipleSoilProfiles, WhatMayFollowTheLastProfile) {
     EXPECT_EQ(Imported(withoutEnd).GetSoilProfiles().size(), 3u);
     EXPECT_EQ(Imported(withoutEnd + "\n").GetSoilProfiles().size(), 3u);
     EXPECT_EQ(Imported(example + "\n\n* written by the site team\n\n").GetSoilProfiles().size(), 3u);
-    ExpectSameProfiles(Imported(example), Imported(WithCrLf(example)));
+    ExpectSameProfiles(Imported(example), Imported(WithLineEnds(example, "\r\n")));
 
     // Anything else after the last profile is reported on its own line.
     const std::string trailing = example + "\nleft over\n";

@@ -90,7 +90,7 @@ TEST(SkinFrictionSectionV4, LevelsWithOrWithoutTheShearModulus) {
 
     // Only the level is a length: in millimetres it alone changes. Tabs for
     // blanks and CRLF line ends read alike.
-    std::string tabbed = WithCrLf(levelsText);
+    std::string tabbed = WithLineEnds(levelsText, "\r\n");
     for (char& c : tabbed) c = c == ' ' ? '\t' : c;
     auto inMillimetres = levels;
     inMillimetres.records[1].ZLEV = Length(0.01);
@@ -118,7 +118,7 @@ TEST(SkinFrictionSectionV5, ThePileAndOneRowPerMainLayer) {
     inMillimetres.DIAMP = Length(0.0025);
     inMillimetres.WALL = Length(0.000065);
     inMillimetres.ZTIP = Length(0.045);
-    EXPECT_EQ(ReadSection<MainLayers>(WithCrLf(mainLayersText), Counted(2), "kN", "mm"), inMillimetres);
+    EXPECT_EQ(ReadSection<MainLayers>(WithLineEnds(mainLayersText, "\r\n"), Counted(2), "kN", "mm"), inMillimetres);
 
     auto awkward = mainLayers;
     awkward.ZTIP = Length(1.0 / 3.0);

@@ -68,11 +68,12 @@ inline int LineOf(const std::string& text, const std::string& part) {
     return line;
 }
 
-// `text` as a DOS editor saves it: every "\n" as "\r\n".
-inline std::string WithCrLf(const std::string& text) {
-    std::string crlf;
-    for (char c : text) crlf += c == '\n' ? std::string("\r\n") : std::string(1, c);
-    return crlf;
+// `text` with every "\n" made `lineEnd`: "\r\n" as a DOS editor saves it,
+// "\r" as an old Mac did.
+inline std::string WithLineEnds(const std::string& text, const std::string& lineEnd) {
+    std::string result;
+    for (char c : text) result += c == '\n' ? lineEnd : std::string(1, c);
+    return result;
 }
 
 // The four lines of an import error.

@@ -1,6 +1,7 @@
 // Whole TERRIX files of both versions: the examples shipped with the library
 // import, export and import back unchanged, in any unit system.
 
+#include <cstring>
 #include <sstream>
 #include <string>
 
@@ -86,15 +87,26 @@ TEST(WholeFile, ExportImportsBackToEqualSectionsAndTheSameTextInAnyUnits) {
     }
 }
 
-TEST(WholeFile, DosLineEndsAndTabsImportLikeLineFeedsAndBlanks) {
-    // Every "\n" as "\r\n", and the first three blanks of every value line
-    // as a tab.
+TEST(WholeFile, AnyLineEndsAndTabsImportLikeLineFeedsAndBlanks) {
+    // Every "\n" as "\r\n" (DOS) or a lone "\r" (old Mac files), and the
+    // first three blanks of every value line as a tab.
     const std::string text = ExampleFileText("north-sea-v4.terrix");
-    std::string other = WithCrLf(text);
-    for (std::size_t at = other.find("\n   "); at != std::string::npos; at = other.find("\n   ", at))
-        other.replace(++at, 3, "\t");
-    ASSERT_NE(other.find("\r\n\t"), std::string::npos);
-    ExpectSameSections(ImportedText(text), ImportedText(other));
+    for (const char* lineEnd : {"\r\n", "\r"}) {
+        std::string other = WithLineEnds(text, lineEnd);
+        const std::string valueLine = std::string(lineEnd) + "   ";
+        for (std::size_t at = other.find(valueLine); at != std::string::npos; at = other.find(valueLine, at))
+            other.replace(at += std::strlen(lineEnd), 3, "\t");
+        ASSERT_NE(other.find(std::string(lineEnd) + "\t"), std::string::npos);
+        const Terrix read = ImportedText(other);
+        ExpectSameSections(ImportedText(text), read);
+        EXPECT_EQ(read.GetHeader(), ImportedText(text).GetHeader());
+    }
+    // A lone carriage return inside a header line ends that line.
+    Terrix split = ImportedText(Replaced(text, "BH-A12-01, water", "BH-A12-01,\rwater"));
+    EXPECT_EQ(split.GetHeader(),
+              "North Sea jacket NS-A12, leg A1: best estimate soil profile\n"
+              "Site investigation 2007, borehole BH-A12-01,\n"
+              "water depth 72 m");
 }
 
 TEST(WholeFile, WithoutTheOptionalCountsTheOptionalSectionsAreAbsent) {

@@ -73,15 +73,15 @@ void SpiritImporter<Iterator>::SetPosition(const Position& position) {
 
 template <class Iterator>
 std::string SpiritImporter<Iterator>::CurrentLineText() const {
-    std::string text = currentLine_;
-    if (!text.empty() && text.back() == '\r') text.pop_back();
-    return text;
+    return currentLine_;
 }
 
 template <class Iterator>
 void SpiritImporter<Iterator>::StartLine() {
+    // A line ends at LF, CR LF or a lone CR (old Mac files), as it does for
+    // the parsers (qi::eol).
     currentLine_.clear();
-    for (Iterator it = position_; it != last_ && *it != '\n'; ++it) currentLine_ += *it;
+    for (Iterator it = position_; it != last_ && *it != '\n' && *it != '\r'; ++it) currentLine_ += *it;
 }
 
 template <class Iterator>
@@ -130,12 +130,8 @@ bool SpiritImporter<Iterator>::AtEndOfLine() {
 }
 
 template <class Iterator>
-bool SpiritImporter<Iterator>::MatchWords(const std::string& text) {
-    // The words of the text in order, any run of blanks between them, and
-    // any run of '*' and blanks before and after.
+bool SpiritImporter<Iterator>::ParseWords(Iterator& it, const std::string& text) const {
     std::istringstream words(text);
-    Iterator it = position_;
-    qi::parse(it, last_, *(blank | qi::char_('*')));
     std::string word;
     bool first = true;
     while (words >> word) {
@@ -143,9 +139,31 @@ bool SpiritImporter<Iterator>::MatchWords(const std::string& text) {
         if (!qi::parse(it, last_, qi::lit(word))) return false;
         first = false;
     }
-    if (!qi::parse(it, last_, *(blank | qi::char_('*')) >> &(qi::eol | qi::eoi))) return false;
+    return true;
+}
+
+template <class Iterator>
+bool SpiritImporter<Iterator>::MatchWords(const std::string& text) {
+    // The words of the text in order, any run of blanks between them, and
+    // any run of '*' and blanks before and after.
+    Iterator it = position_;
+    qi::parse(it, last_, *(blank | qi::char_('*')));
+    if (!ParseWords(it, text) || !qi::parse(it, last_, *(blank | qi::char_('*')) >> &(qi::eol | qi::eoi)))
+        return false;
     position_ = it;
     return true;
+}
+
+template <class Iterator>
+bool SpiritImporter<Iterator>::RestOfLineIs(const std::string& text) {
+    Iterator it = position_;
+    SkipBlanks(it, last_);
+    Iterator end = it;
+    if (ParseWords(end, text) && qi::parse(end, last_, *blank >> &(qi::eol | qi::eoi))) {
+        position_ = end;
+        return true;
+    }
+    return AtEndOfLine();
 }
 
 template <class Iterator>
@@ -173,6 +191,7 @@ void SpiritImporter<Iterator>::SectionTitle(const std::string& title) {
         SkipRestOfLine();
         ++lineCounter_;
     }
+    if (sourceLines_) sourceLines_->SetSectionLine(title, lineCounter_);
     NextLine(true);
 }
 
@@ -185,7 +204,8 @@ void SpiritImporter<Iterator>::TableHeader(const std::string& text) {
 template <class Iterator>
 void SpiritImporter<Iterator>::BlankLine() {
     // The end of the input counts as an empty line, so that a truncated file
-    // is reported at the section that is missing.
+    // is reported at the section that is missing, on the line after its last.
+    if (AtEndOfInput()) return;
     Iterator it = position_;
     SkipBlanks(it, last_);
     if (!qi::parse(it, last_, qi::eol | qi::eoi)) RaiseImportError("Expected blank line");
@@ -351,7 +371,7 @@ void SpiritImporter<Iterator>::EndRow() {
 
 template <class Iterator>
 void SpiritImporter<Iterator>::ReadVector(std::vector<double>& values, std::size_t size,
-                                          Units::Runtime::DynamicDimension dimension) {
+                                          Units::Runtime::DynamicDimension dimension, const std::string& comment) {
     // The vector is not sized from the count before its values are there: a
     // count that is far too large fails at the end of the values, not in the
     // allocator.
@@ -367,8 +387,11 @@ void SpiritImporter<Iterator>::ReadVector(std::vector<double>& values, std::size
             RaiseImportError("Error parsing argument: " + std::to_string(i) + ", expected vector of size: " + sizeText);
         values.push_back(value);
     }
-    // The rest of the line is the vector's comment, unless it holds a number.
-    if (LineStartsWithNumber()) RaiseImportError("Expected vector of size: " + sizeText);
+    // After the last value the line holds the vector's own comment, as the
+    // exporter writes it, or nothing: a line that goes on with anything else
+    // (a further value, the next parameter's line read as a value) does not
+    // hold a vector of this size.
+    if (!RestOfLineIs(comment)) RaiseImportError("Expected vector of size: " + sizeText);
     NextLine(true);
 }
 

@@ -16,6 +16,7 @@
 
 #include <TerrixExchange/archive/ArchiveFields.h>
 #include <TerrixExchange/archive/ImportError.h>
+#include <TerrixExchange/archive/SourceLines.h>
 #include <TerrixPlatform/AllocationCallbacks/AllocationCallbacks.h>
 #include <TerrixPlatform/Units/Runtime/UnitSystem.h>
 
@@ -73,6 +74,9 @@ public:
     void SetUnitSystem(const Units::Runtime::UnitSystem& units) { units_ = units; }
     bool GetTitleMode() const { return titleMode_; }
     void SetTitleMode(bool titleMode) { titleMode_ = titleMode; }
+    // Where to note the line of each section title, parameter and table row
+    // read from now on; none (null) by default.
+    void SetSourceLines(SourceLines* sourceLines) { sourceLines_ = sourceLines; }
     std::uint64_t GetLineCounter() const { return lineCounter_; }
     Position GetPosition() const { return Position{position_, currentLine_, lineCounter_, lineToReport_}; }
     void SetPosition(const Position& position);
@@ -141,14 +145,14 @@ public:
     // One line of a record: its fields, then the end of the line.
     template <class... Fields>
     void Row(Fields&&... fields);
-    // `size` values over one or more lines; on the line of the last value any
-    // text that is not a number is the vector's comment.
-    void Vector(std::vector<double>& values, std::size_t size, const std::string& /*comment*/) {
-        ReadVector(values, size, Units::Runtime::DynamicDimension{});
+    // `size` values over one or more lines; after the last value its line
+    // may hold only the vector's comment, as the exporter writes it.
+    void Vector(std::vector<double>& values, std::size_t size, const std::string& comment) {
+        ReadVector(values, size, Units::Runtime::DynamicDimension{}, comment);
     }
     template <class Phenomenon>
-    void Vector(DimensionedVector<Phenomenon> values, std::size_t size, const std::string& /*comment*/) {
-        ReadVector(values.values, size, Phenomenon::dimension);
+    void Vector(DimensionedVector<Phenomenon> values, std::size_t size, const std::string& comment) {
+        ReadVector(values.values, size, Phenomenon::dimension, comment);
     }
     template <class Phenomenon>
     void Vector(std::vector<Units::Runtime::Quantity<Phenomenon>>& values, std::size_t size, const std::string&);
@@ -183,12 +187,21 @@ private:
     bool AtEndOfInput() const { return position_ == last_; }
     bool AtCommentLine() const;
     bool MatchWords(const std::string& text);
+    // The words of `text` from `it` on, any run of blanks between them.
+    bool ParseWords(Iterator& it, const std::string& text) const;
+    // Whether the rest of the line holds nothing but blanks and, optionally,
+    // the words of `text`.
+    bool RestOfLineIs(const std::string& text);
     bool MatchTitle(const std::string& title);
     void SkipRestOfLine();
     std::string CurrentLineText() const;
     // Records the line that starts at the reading position as the current one.
     void StartLine();
-    void ReadVector(std::vector<double>& values, std::size_t size, Units::Runtime::DynamicDimension dimension);
+    void ReadVector(std::vector<double>& values, std::size_t size, Units::Runtime::DynamicDimension dimension,
+                    const std::string& comment);
+    // One record of a table, appended to it.
+    template <class Record, class... Arguments>
+    void ReadRecord(std::vector<Record>& records, Arguments&... arguments);
 
     template <class Field>
     void ReadField(Field&& field, std::size_t fieldCount, std::size_t numbersAhead);
@@ -217,6 +230,7 @@ private:
     bool titleMode_;
     // The index of the next field within the record being read.
     std::size_t fieldIndex_ = 0;
+    SourceLines* sourceLines_ = nullptr;
 };
 
 using StreamIterator = boost::spirit::basic_istream_iterator<char>;
@@ -228,7 +242,10 @@ template <class Iterator>
 template <class Value>
 bool SpiritImporter<Iterator>::Parameter(Value&& value, const std::string& name, const std::string&) {
     const Position start = GetPosition();
-    if (TryReadParameter(value, name)) return true;
+    if (TryReadParameter(value, name)) {
+        if (sourceLines_) sourceLines_->SetParameterLine(sectionTitle_, name, start.lineCounter);
+        return true;
+    }
     SetPosition(start);
     return false;
 }
@@ -267,9 +284,9 @@ void SpiritImporter<Iterator>::OptionalParameter(boost::optional<Value>& value, 
 template <class Iterator>
 template <class Phenomenon>
 void SpiritImporter<Iterator>::Vector(std::vector<Units::Runtime::Quantity<Phenomenon>>& values, std::size_t size,
-                                      const std::string&) {
+                                      const std::string& comment) {
     std::vector<double> numbers;
-    ReadVector(numbers, size, Phenomenon::dimension);
+    ReadVector(numbers, size, Phenomenon::dimension, comment);
     values.clear();
     values.reserve(numbers.size());
     for (double number : numbers) values.emplace_back(number);
@@ -277,15 +294,20 @@ void SpiritImporter<Iterator>::Vector(std::vector<Units::Runtime::Quantity<Pheno
 
 template <class Iterator>
 template <class Record, class... Arguments>
+void SpiritImporter<Iterator>::ReadRecord(std::vector<Record>& records, Arguments&... arguments) {
+    if (sourceLines_) sourceLines_->SetRowLine(sectionTitle_, records.size(), lineCounter_);
+    Record record;
+    fieldIndex_ = 0;
+    record.Serialize(*this, arguments...);
+    records.push_back(std::move(record));
+}
+
+template <class Iterator>
+template <class Record, class... Arguments>
 void SpiritImporter<Iterator>::RecordVector(std::vector<Record>& records, std::size_t count,
                                             Arguments&&... arguments) {
     records.clear();
-    for (std::size_t i = 0; i < count; ++i) {
-        Record record;
-        fieldIndex_ = 0;
-        record.Serialize(*this, arguments...);
-        records.push_back(std::move(record));
-    }
+    for (std::size_t i = 0; i < count; ++i) ReadRecord(records, arguments...);
 }
 
 template <class Iterator>
@@ -293,24 +315,14 @@ template <class Record>
 void SpiritImporter<Iterator>::RecordVector(std::vector<Record>& records,
                                             const boost::function<bool(const std::vector<Record>&)>& more) {
     records.clear();
-    while (more(records)) {
-        Record record;
-        fieldIndex_ = 0;
-        record.Serialize(*this);
-        records.push_back(std::move(record));
-    }
+    while (more(records)) ReadRecord(records);
 }
 
 template <class Iterator>
 template <class Record>
 void SpiritImporter<Iterator>::OpenRecordVector(std::vector<Record>& records) {
     records.clear();
-    while (LineStartsWithNumber()) {
-        Record record;
-        fieldIndex_ = 0;
-        record.Serialize(*this);
-        records.push_back(std::move(record));
-    }
+    while (LineStartsWithNumber()) ReadRecord(records);
 }
 
 template <class Iterator>

@@ -30,14 +30,24 @@ std::vector<std::string> TerrixMultipleSoilProfiles::GetSoilProfileNames() const
     return names;
 }
 
-void TerrixMultipleSoilProfiles::Import(std::istream& stream) { ReadProfiles(stream, boost::none); }
+void TerrixMultipleSoilProfiles::Import(std::istream& stream) { ReadProfiles(stream, boost::none, nullptr); }
 
 void TerrixMultipleSoilProfiles::Import(std::istream& stream, const std::string& forceUnit,
                                         const std::string& lengthUnit) {
-    ReadProfiles(stream, UnitSystem(forceUnit, lengthUnit));
+    ReadProfiles(stream, UnitSystem(forceUnit, lengthUnit), nullptr);
 }
 
-void TerrixMultipleSoilProfiles::ReadProfiles(std::istream& stream, const boost::optional<UnitSystem>& units) {
+void TerrixMultipleSoilProfiles::Import(std::istream& stream, std::vector<SourceLines>& lines) {
+    ReadProfiles(stream, boost::none, &lines);
+}
+
+void TerrixMultipleSoilProfiles::Import(std::istream& stream, const std::string& forceUnit,
+                                        const std::string& lengthUnit, std::vector<SourceLines>& lines) {
+    ReadProfiles(stream, UnitSystem(forceUnit, lengthUnit), &lines);
+}
+
+void TerrixMultipleSoilProfiles::ReadProfiles(std::istream& stream, const boost::optional<UnitSystem>& units,
+                                              std::vector<SourceLines>* lines) {
     WhiteSpaceKept whiteSpace(stream);
     Importer importer(StreamIterator(stream), StreamIterator(), units ? *units : GetDatabaseUnitSystem(), true);
     for (;;) {
@@ -45,6 +55,11 @@ void TerrixMultipleSoilProfiles::ReadProfiles(std::istream& stream, const boost:
         // before has left the importer reading them by their exact spelling.
         importer.SetTitleMode(true);
         const Importer::Position start = importer.GetPosition();
+        const std::size_t held = profiles_.size();
+        if (lines) {
+            lines->emplace_back();
+            importer.SetSourceLines(&lines->back());
+        }
         try {
             Terrix profile(Version::Unknown, Revision::Unsettled);
             if (units) {
@@ -72,6 +87,8 @@ void TerrixMultipleSoilProfiles::ReadProfiles(std::istream& stream, const boost:
             // that failed: a stream that breaks off inside a profile is an
             // error, never a shorter stream of good profiles.
             importer.SetPosition(start);
+            // The lines of a profile go with the profile.
+            if (lines && profiles_.size() == held) lines->pop_back();
             throw;
         }
     }

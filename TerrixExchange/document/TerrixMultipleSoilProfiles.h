@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include <TerrixExchange/archive/SourceLines.h>
 #include <TerrixExchange/document/Terrix.h>
 #include <TerrixPlatform/AllocationCallbacks/AllocationCallbacks.h>
 #include <TerrixPlatform/Units/Runtime/UnitSystem.h>
@@ -47,6 +48,12 @@ public:
     void Import(std::istream& stream);
     // The same, with every profile's values in the named units.
     void Import(std::istream& stream, const std::string& forceUnit, const std::string& lengthUnit);
+    // Both, noting besides where each profile's section titles, parameters
+    // and table rows stand in the stream: one SourceLines per profile read,
+    // appended to `lines` as the profile is to the container.
+    void Import(std::istream& stream, std::vector<SourceLines>& lines);
+    void Import(std::istream& stream, const std::string& forceUnit, const std::string& lengthUnit,
+                std::vector<SourceLines>& lines);
 
     // Writes every profile with its values in `units`. An empty container
     // writes nothing at all.
@@ -57,7 +64,8 @@ public:
 private:
     // Reads profiles until the end of the input; `units` names the units of
     // every profile, or, when empty, they are deduced profile by profile.
-    void ReadProfiles(std::istream& stream, const boost::optional<Units::Runtime::UnitSystem>& units);
+    void ReadProfiles(std::istream& stream, const boost::optional<Units::Runtime::UnitSystem>& units,
+                      std::vector<SourceLines>* lines);
 
     std::vector<Terrix> profiles_;
 };

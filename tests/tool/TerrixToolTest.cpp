@@ -123,6 +123,10 @@ TEST_F(TerrixToolTest, ConvertWritesTheFileBackAsItWasAndNothingWhenItDoesNotImp
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.err, "");
     EXPECT_EQ(run.out, ReadFile(examplePath));
+    // A file saved with old Mac line ends (a lone CR) is written back with
+    // line feeds, the same text.
+    const std::string mac = TerrixExchange::Testing::WithLineEnds(ReadFile(examplePath), "\r");
+    EXPECT_EQ(Run({"convert", "-"}, mac).out, ReadFile(examplePath));
 
     // Every profile keeps its own header lines; the marker stands between two.
     const std::string two = TwoProfiles(south);
