@@ -5,6 +5,7 @@
 #include <limits>
 #include <ostream>
 
+#include <TerrixExchange/document/TableCounts.h>
 #include <TerrixExchange/document/WhiteSpaceKept.h>
 #include <TerrixPlatform/Units/Runtime/FastUnitConverter.h>
 
@@ -13,10 +14,6 @@ namespace TerrixExchange {
 using namespace Units::Runtime;
 
 namespace {
-
-// A count of the file read as a number of records to read: a negative count
-// reads none.
-std::size_t RecordCount(long long count) { return count > 0 ? static_cast<std::size_t>(count) : 0; }
 
 // The version line of version 5 carries this date.
 const int versionYear = 2009;
@@ -68,11 +65,7 @@ void Terrix::SerializeSections(Archive& archive) {
     archive.BlankLine();
     data.loadsAtSoilSurfaceSection.Serialize(archive);
 
-    // Manual curves are given per manual layer and pile diameter.
     const std::size_t diameters = GetDiameterCount();
-    std::size_t manualPy = 0;
-    std::size_t manualTz = 0;
-    std::size_t manualQz = 0;
     std::size_t layers = 0;
     if (isVersion5) {
         const std::size_t mainLayers = RecordCount(control.NUMLAYM);
@@ -81,11 +74,7 @@ void Terrix::SerializeSections(Archive& archive) {
         archive.BlankLine();
         data.skinFrictionAndTipResistanceSectionV5.Serialize(archive, mainLayers);
         archive.BlankLine();
-        MainLayersSubdivisionAndPyTzQzCodesSection& codes = data.mainLayersSubdivisionAndPyTzQzCodesSection;
-        codes.Serialize(archive, mainLayers);
-        manualPy = RecordCount(codes.GetManualPYRecordCount());
-        manualTz = RecordCount(codes.GetManualTZRecordCount());
-        manualQz = RecordCount(codes.GetManualQZRecordCount());
+        data.mainLayersSubdivisionAndPyTzQzCodesSection.Serialize(archive, mainLayers);
         layers = mainLayers;
     } else {
         archive.BlankLine();
@@ -93,24 +82,24 @@ void Terrix::SerializeSections(Archive& archive) {
         archive.BlankLine();
         data.skinFrictionAndTipResistanceSectionV4.Serialize(archive, RecordCount(control.NUMTQZ));
         archive.BlankLine();
-        SoilLayerDivisionsAndCodesForPyTzQzSection& codes = data.soilLayerDivisionsAndCodesForPyTzQzSection;
         layers = RecordCount(control.NUMLAY);
-        codes.Serialize(archive, layers);
-        manualPy = codes.GetManualPYRecordCount();
-        manualTz = codes.GetManualTZRecordCount();
-        manualQz = codes.GetManualQZRecordCount();
+        data.soilLayerDivisionsAndCodesForPyTzQzSection.Serialize(archive, layers);
     }
 
+    // Manual curves are given per manual layer of the codes just read and
+    // pile diameter.
+    const ManualCurveCounts manual = CountManualCurves(data, version_);
+
     archive.BlankLine();
-    data.manualPyLateralResistanceDataSection.Serialize(archive, manualPy * diameters);
+    data.manualPyLateralResistanceDataSection.Serialize(archive, manual.py);
     archive.BlankLine();
     data.pyLateralResistanceDataModificationSection.Serialize(archive, layers, diameters);
     archive.BlankLine();
-    data.manualTzSkinFrictionDataSection.Serialize(archive, manualTz * diameters);
+    data.manualTzSkinFrictionDataSection.Serialize(archive, manual.tz);
     archive.BlankLine();
     data.tzSkinFrictionDataModificationSection.Serialize(archive, layers, diameters);
     archive.BlankLine();
-    data.manualQzPileTipResistanceDataSection.Serialize(archive, manualQz * diameters);
+    data.manualQzPileTipResistanceDataSection.Serialize(archive, manual.qz);
     archive.BlankLine();
     data.qzPileTipResistanceDataModificationSection.Serialize(archive, layers, diameters);
 

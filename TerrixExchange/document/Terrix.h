@@ -62,6 +62,18 @@ public:
     void Export(std::ostream& stream, const std::string& forceUnit, const std::string& lengthUnit,
                 const std::list<std::string>& headerLines, bool writeEndLine);
 
+    // What an export of the profile would write that does not read back as
+    // the same profile: a message for every count that disagrees with the
+    // table it sizes (NUMTYP, NUMTQZ, NUMLAY, NUMLAYM, NUMDSP, NUMDM, NUMBS,
+    // NUMBM, the manual curves against the manual layers times the pile
+    // diameters), every curve whose two value lines and the point forces
+    // whose distances differ in number, and whatever the export leaves out
+    // (curves of a kind whose count is not given, AK values of a table laid
+    // out without them). Empty when the profile reads back as it is. Export
+    // writes what the profile holds whatever this says: a host that builds
+    // or edits a profile calls this before Export.
+    std::vector<std::string> FindInconsistencies() const;
+
     // Reads the start of a profile (header, version line, control section)
     // and deduces the units of the file from its unit weight of water and
     // atmospheric pressure. False when no candidate unit is within 5 per cent.

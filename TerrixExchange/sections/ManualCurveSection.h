@@ -71,6 +71,9 @@ public:
     using Record = BasicManualCurveSectionRecord<Kind>;
     using Curve = typename Kind::Curve;
 
+    // The section's title line.
+    static const char* GetTitle() { return Kind::title; }
+
     // The curve of the first record, in file order, given for exactly this
     // layer and this diameter (no tolerance; 0 is a diameter like any other).
     // A displacement given twice keeps the resistance of its later point.

@@ -96,6 +96,9 @@ public:
     using Record = BasicModificationSectionRecord<Kind>;
     using Modification = typename Kind::Modification;
 
+    // The section's title line.
+    static const char* GetTitle() { return Kind::title; }
+
     // How many (layer, diameter) pairs the rows cover together, in a profile
     // of `layerCount` layers and `diameterCount` pile diameters; a pair that
     // two rows cover counts twice.

@@ -205,3 +205,44 @@ TEST_F(TerrixToolTest, DumpGivesTheLibrarysValuesInDatabaseUnits) {
 }
 
 }  // namespace
+
+TEST_F(TerrixToolTest, HostileFilesGiveWholeBoundedErrorsAndNeverSplitAbsurdDivisions) {
+    // A NUL byte is shown, not taken for the end of the message; a line of
+    // 5 MB is cut after 200 characters with a note of its length.
+    EXPECT_EQ(Run({"check", "-"}, std::string("TER\0RIX\n", 8)).err,
+              "terrix: -: cannot import\nImport error in line 1:\nUnable to find section\n"
+              "While importing section: 'TERRIX'\nFound: 'TER\\x00RIX'\n");
+    const std::string longLine(5 << 20, 'X');
+    EXPECT_EQ(Run({"check", "-"}, "TERRIX\nheader\n\n" + longLine + "\tY\n").err,
+              "terrix: -: cannot import\nImport error in line 4:\nUnable to find section\n"
+              "While importing section: 'CONTROL SECTION'\nFound: '" + longLine.substr(0, 200) +
+                  "...' (cut after 200 of the line's 5242882 characters)\n");
+
+    // A division written backwards, and divisions covering more numbered
+    // layers than a profile can have, import; check names them at their
+    // lines, show and dump give the layers as that error and all else.
+    const std::string v4 = ReadFile(ExamplePath("north-sea-v4.terrix"));
+    const std::string firstDivision = "         1         2         1       6.0";
+    const std::string backwards = File("backwards.txt", Replaced(Replaced(v4, "        10 NUMLAY", "         8 NUMLAY"),
+                                                                 firstDivision, "         2         1         1       6.0"));
+    const std::string absurd = File("absurd.txt", Replaced(Replaced(v4, "        10 NUMLAY", "   2000008 NUMLAY"),
+                                                           firstDivision, "         1   2000000         1       6.0"));
+    const ToolRun check = Run({"check", backwards, absurd});
+    EXPECT_EQ(check.status, 1);
+    const std::string backwardsError = "line 88: layer division 2 1 runs backwards: LAYER2 is less than LAYER1";
+    const std::string absurdError =
+        "line 88: the layer divisions cover 2000000 numbered layers up to this one, more than the 1000000 a profile "
+        "can have";
+    EXPECT_EQ(check.out, backwards + ":88: error: " + backwardsError.substr(9) + "\n" + absurd + ":88: error: " +
+                             absurdError.substr(9) + "\n");
+    const ToolRun show = Run({"show", backwards});
+    EXPECT_EQ(show.status, 0);
+    EXPECT_NE(show.out.find("Parameters\n"), std::string::npos);
+    EXPECT_NE(show.out.find("\nLayers: error: line 88: layer division 2 1 runs backwards: LAYER2 is less than\n"
+                            "    LAYER1\n"),
+              std::string::npos)
+        << show.out;
+    const nlohmann::json dump = nlohmann::json::parse(Run({"dump", "--no-split", absurd}).out)["profiles"][0];
+    EXPECT_EQ(dump["layers"], nlohmann::json({{"error", absurdError}}));
+    EXPECT_EQ(dump["parameters"]["DiameterCount"], 2);
+}

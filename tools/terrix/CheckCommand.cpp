@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "Commands.h"
+#include "Findings.h"
 #include "Profiles.h"
 #include "ToolError.h"
 
@@ -42,8 +43,17 @@ int RunCheck(const CheckOptions& options) {
     int status = 0;
     for (const std::string& file : options.files) {
         try {
-            const std::vector<TerrixExchange::Terrix> profiles = ReadProfiles(file, units);
-            std::cout << file << ": OK " << Summary(profiles) << std::endl;
+            const FileProfiles read = ReadProfiles(file, units);
+            // Divisions that the format allows but no profile can be split
+            // into are errors of the file, at their lines.
+            bool sound = true;
+            for (std::size_t i = 0; i < read.profiles.size(); ++i)
+                if (const auto error = FindLayerDivisionError(read.profiles[i], read.lines[i])) {
+                    std::cout << file << ":" << error->line << ": error: " << error->text << std::endl;
+                    sound = false;
+                }
+            if (sound) std::cout << file << ": OK " << Summary(read.profiles) << std::endl;
+            else status = 1;
         } catch (const Failure& failure) {
             std::cerr << "terrix: " << failure.what() << std::endl;
             status = 1;

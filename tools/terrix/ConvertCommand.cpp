@@ -7,6 +7,7 @@
 #include "Commands.h"
 #include "PlainNumberColumns.h"
 #include "Profiles.h"
+#include "ToolError.h"
 
 namespace TerrixTool {
 
@@ -38,8 +39,16 @@ void WarnOfPlainNumbers(const std::string& file, std::size_t index, const Terrix
 
 int RunConvert(const ConvertOptions& options) {
     const boost::optional<UnitNames> to = ToUnitNames(options.to, "--to");
-    std::vector<Terrix> profiles = ReadProfiles(options.file, ToUnitNames(options.units, "--units"));
+    std::vector<Terrix> profiles = ReadProfiles(options.file, ToUnitNames(options.units, "--units")).profiles;
     const std::vector<std::size_t> chosen = SelectProfiles(profiles, options.profile);
+    // A profile that would not read back as it is is never written.
+    for (std::size_t index : chosen) {
+        const std::vector<std::string> problems = profiles[index].FindInconsistencies();
+        if (problems.empty()) continue;
+        std::string detail = "profile #" + std::to_string(index) + " would not read back as it is:";
+        for (const std::string& problem : problems) detail += "\n" + Displayed(problem);
+        throw FileFailure(options.file, "cannot convert", detail);
+    }
 
     // Profiles one after the other, the marker line between two of them.
     // Each keeps its own header lines and, without --to, its own units.

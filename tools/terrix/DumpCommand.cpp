@@ -20,7 +20,8 @@ struct DumpOptions {
 
 // One profile: what the library holds, then what it answers. Every number is
 // in database units (N, m, Pa, N/m3, radians).
-Json ProfileJson(const TerrixExchange::Terrix& profile, const DumpOptions& options) {
+Json ProfileJson(const TerrixExchange::Terrix& profile, const TerrixExchange::SourceLines& lines,
+                 const DumpOptions& options) {
     const UnitNames units = UnitsOf(profile);
     Json json = Json::object();
     json["version"] = VersionNumberOf(profile);
@@ -29,15 +30,15 @@ Json ProfileJson(const TerrixExchange::Terrix& profile, const DumpOptions& optio
     json["units"] = Json{{"force", units.force}, {"length", units.length}};
     json["sections"] = SectionsJson(profile);
     json["parameters"] = ParametersJson(profile);
-    json["layers"] = LayersJson(profile, !options.noSplit);
+    json["layers"] = LayersJson(profile, lines, !options.noSplit);
     return json;
 }
 
 int RunDump(const DumpOptions& options) {
-    const std::vector<TerrixExchange::Terrix> profiles = ReadProfiles(options.file, ToUnitNames(options.units, "--units"));
+    const FileProfiles read = ReadProfiles(options.file, ToUnitNames(options.units, "--units"));
     Json list = Json::array();
-    for (std::size_t index : SelectProfiles(profiles, options.profile))
-        list.push_back(ProfileJson(profiles[index], options));
+    for (std::size_t index : SelectProfiles(read.profiles, options.profile))
+        list.push_back(ProfileJson(read.profiles[index], read.lines[index], options));
     WriteOutput(options.out, WriteJson(Json{{"profiles", list}}));
     return 0;
 }

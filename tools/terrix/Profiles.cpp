@@ -22,12 +22,14 @@ namespace {
 // the units named or in those deduced for each profile from its own control
 // section. Whatever follows the last profile must be empty lines, comment
 // lines and the end line; anything else is an import error.
-std::vector<Terrix> ImportProfiles(const std::string& text, const boost::optional<UnitNames>& units) {
+FileProfiles ImportProfiles(const std::string& text, const boost::optional<UnitNames>& units) {
     std::istringstream stream(text);
     TerrixExchange::TerrixMultipleSoilProfiles profiles;
-    if (units) profiles.Import(stream, units->force, units->length);
-    else profiles.Import(stream);
-    return profiles.GetSoilProfiles();
+    FileProfiles read;
+    if (units) profiles.Import(stream, units->force, units->length, read.lines);
+    else profiles.Import(stream, read.lines);
+    read.profiles = profiles.GetSoilProfiles();
+    return read;
 }
 
 bool IsIndex(const std::string& text) {
@@ -62,12 +64,14 @@ std::string ReadInput(const std::string& file) {
     return text;
 }
 
-std::vector<Terrix> ReadProfiles(const std::string& file, const boost::optional<UnitNames>& units) {
+FileProfiles ReadProfiles(const std::string& file, const boost::optional<UnitNames>& units) {
     const std::string text = ReadInput(file);
     try {
         return ImportProfiles(text, units);
+    } catch (const TerrixExchange::ImportError& error) {
+        throw FileFailure(file, "cannot import", DisplayedImportError(error));
     } catch (const std::exception& error) {
-        std::string detail = error.what();
+        std::string detail = Displayed(error.what());
         if (detail == "Unable to deduce units")
             detail += "\nThe water unit weight and atmospheric pressure of the control section match no pair of "
                       "known units; pass the units of the file with --units FORCE LENGTH, e.g. --units kN m";

@@ -10,6 +10,7 @@
 
 #include <boost/optional.hpp>
 
+#include <TerrixExchange/archive/SourceLines.h>
 #include <TerrixExchange/document/Terrix.h>
 
 namespace TerrixTool {
@@ -28,11 +29,18 @@ boost::optional<UnitNames> ToUnitNames(const std::vector<std::string>& values, c
 // The whole text of FILE, or of standard input for "-".
 std::string ReadInput(const std::string& file);
 
+// The profiles of a file, and for each where its values stand in the file.
+struct FileProfiles {
+    std::vector<TerrixExchange::Terrix> profiles;
+    std::vector<TerrixExchange::SourceLines> lines;
+};
+
 // Every profile of FILE, each imported in `units`, or, without them, in the
 // units deduced from its own control section (its water unit weight and
 // atmospheric pressure). A file that cannot be read or imported is a Failure
-// "FILE: cannot read" / "FILE: cannot import" followed by the library's text.
-std::vector<TerrixExchange::Terrix> ReadProfiles(const std::string& file, const boost::optional<UnitNames>& units);
+// "FILE: cannot read" / "FILE: cannot import" followed by the library's text
+// as a terminal can show it (see DisplayedImportError).
+FileProfiles ReadProfiles(const std::string& file, const boost::optional<UnitNames>& units);
 
 // The positions of the profiles chosen by --profile: every profile for an
 // empty selection, else the one named "NAME" (the first of that name) or

@@ -3,6 +3,8 @@
 #include <exception>
 #include <tuple>
 
+#include "Findings.h"
+
 namespace TerrixTool {
 
 using namespace TerrixExchange;
@@ -147,7 +149,8 @@ Json ParametersJson(const Terrix& profile) {
     return json;
 }
 
-Json LayersJson(const Terrix& profile, bool split) {
+Json LayersJson(const Terrix& profile, const SourceLines& lines, bool split) {
+    if (const auto error = FindLayerDivisionError(profile, lines)) return Json{{"error", WithLine(*error)}};
     return Answer([&] {
         const std::vector<Layer> layers = profile.GetLayers(split);
         Json list = Json::array();

@@ -4,6 +4,7 @@
 // parameters and the computational layers with every per-layer answer. The
 // dump writes it; show prints it for people, so the two always agree.
 
+#include <TerrixExchange/archive/SourceLines.h>
 #include <TerrixExchange/document/Terrix.h>
 
 #include "Json.h"
@@ -16,13 +17,15 @@ namespace TerrixTool {
 Json ParametersJson(const TerrixExchange::Terrix& profile);
 
 // The layers of GetLayers(split), or {"error": its message} when that call
-// throws. Each layer has mainLayer, firstLayer, layerCount, zTop and zBottom,
+// throws. Layer divisions that run backwards or cover more numbered layers
+// than a profile can have are {"error": "line N: ..."} (see Findings.h):
+// GetLayers is not asked then. Each layer has mainLayer, firstLayer, layerCount, zTop and zBottom,
 // then every per-layer getter keyed by its name without "Get"; a getter that
 // throws is {"error": its message} in its place, the other keys still filled.
 // An ordered map is an array of [key, value] pairs in ascending key order;
 // curve data are {"code", "manualCurves", "modifications"}, "code" only for
 // the kinds that have one (P-Y, T-Z, Q-Z).
-Json LayersJson(const TerrixExchange::Terrix& profile, bool split);
+Json LayersJson(const TerrixExchange::Terrix& profile, const TerrixExchange::SourceLines& lines, bool split);
 
 // The six kinds of curve data of a layer, in the order of LayersJson: the
 // key of its answer ("PyData", ..., "BMthetaData"), its name for people

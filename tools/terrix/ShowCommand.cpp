@@ -388,12 +388,13 @@ void PrintCurveTable(const Json& layers, Lines& lines) {
     table.Print(lines);
 }
 
-void PrintLayers(const Terrix& profile, const FileUnits& units, bool split, Lines& lines) {
+void PrintLayers(const Terrix& profile, const SourceLines& sourceLines, const FileUnits& units, bool split,
+                 Lines& lines) {
     const bool isVersion5 = profile.GetVersion() == Version::V5;
     const std::string title = isVersion5 ? "Layers: one per main layer"
                               : split    ? "Layers: the numbered layers, joined where their curve data agree"
                                          : "Layers: as the soil layer divisions give them";
-    const Json layers = LayersJson(profile, split);
+    const Json layers = LayersJson(profile, sourceLines, split);
     if (IsError(layers)) {
         lines.Add("Layers: " + ErrorText(layers));
         return;
@@ -409,7 +410,8 @@ void PrintLayers(const Terrix& profile, const FileUnits& units, bool split, Line
 }
 
 int RunShow(const ShowOptions& options) {
-    const std::vector<Terrix> profiles = ReadProfiles(options.file, ToUnitNames(options.units, "--units"));
+    const FileProfiles read = ReadProfiles(options.file, ToUnitNames(options.units, "--units"));
+    const std::vector<Terrix>& profiles = read.profiles;
     Lines lines;
     bool first = true;
     for (std::size_t index : SelectProfiles(profiles, options.profile)) {
@@ -421,7 +423,7 @@ int RunShow(const ShowOptions& options) {
         lines.Add();
         PrintParameters(profile, units, lines);
         lines.Add();
-        PrintLayers(profile, units, !options.noSplit, lines);
+        PrintLayers(profile, read.lines[index], units, !options.noSplit, lines);
     }
     WriteOutput("", lines.Text());
     return 0;

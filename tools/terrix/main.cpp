@@ -70,12 +70,21 @@ the layer divisions of the file give them; without it, a version 4 division
 is cut into its numbered layers and neighbours whose curve data agree are
 joined again (version 5 layers are its main layers either way).
 
+Layer divisions
+  A version 4 layer division that runs backwards (LAYER2 less than LAYER1),
+  or divisions that cover more than 1000000 numbered layers, cannot be split
+  into layers: check reports them as "FILE:LINE: error: TEXT", show and dump
+  give the layers as that error.
+
 Exit status
-  0 success; 1 a file could not be read, imported or written, or a unit name
-  is unknown; 2 wrong usage, also a --profile that the file does not hold.
-  Errors go to standard error: "terrix: FILE: cannot import", then the
-  library's error text unchanged (for an import error its four lines: the
-  line number, the message, the section and the line found).)";
+  0 success; 1 a file could not be read, imported, converted or written, a
+  layer division cannot be split, or a unit name is unknown; 2 wrong usage,
+  also a --profile that the file does not hold. Errors go to standard error:
+  "terrix: FILE: cannot import", then the library's error text (for an import
+  error its four lines: the line number, the message, the section and the
+  line found), control characters shown as escapes (\x00) and a line found
+  longer than 200 characters cut. convert writes nothing for a profile that
+  would not read back as it is, and names what disagrees.)";
 
 // Help as CLI11 writes it, but an option of two values shows its two names
 // ("--units FORCE LENGTH") without CLI11's count ("x 2").
