@@ -32,16 +32,15 @@ public:
         control.CONLTH = 1.0;
         control.NUMLAYM = mainLayers;
         control.NUMDSP = 2;
-        control.ZCYCL = Length(Round(Real(10.0, 25.0), 1));
-        control.SUSTIF = Stress(96000.0);  // 96 kPa
+        control.ZCYCL = Round(Real(10.0, 25.0), 1);
+        control.SUSTIF = 96000.0;  // 96 kPa
         control.JPRINT = 1;
 
         for (double d : diameters) data.pileDiametersAndGroupEffectsSection.diameters.push_back(Length(d));
-        data.pileDiametersAndGroupEffectsSection.ESOL0 =
-            Units::Runtime::Quantity<Units::Runtime::ForcePerUnitAreaPhenomenon>(Round(Real(20.0, 40.0), 1) * 1e6);
+        data.pileDiametersAndGroupEffectsSection.ESOL0 = Round(Real(20.0, 40.0), 1) * 1e6;
         data.pileDiametersAndGroupEffectsSection.POSAVR = 0.35;
-        data.soilSurfaceAndGroundWaterSection.SCRGEN = Length(Round(Real(0.0, 2.0), 2));
-        data.soilSurfaceAndGroundWaterSection.SCRLOC = Length(Round(Real(0.0, 3.0), 2));
+        data.soilSurfaceAndGroundWaterSection.SCRGEN = Round(Real(0.0, 2.0), 2);
+        data.soilSurfaceAndGroundWaterSection.SCRLOC = Round(Real(0.0, 3.0), 2);
         data.soilSurfaceAndGroundWaterSection.SLOPE = 30.0;
 
         // Main layers, their properties, axial data and curve codes.
@@ -149,9 +148,9 @@ public:
             Everything<BMthetaMomentDataModificationSectionRecord>()};
 
         GivenSoilDisplacementsAndOpenHoleSectionRecord displacement;
-        displacement.HOLE_DIAM = Length(Round(Real(0.0, 3.0), 2));
+        displacement.HOLE_DIAM = Round(Real(0.0, 3.0), 2);
         data.givenSoilDisplacementsAndOpenHoleSection.records = {displacement, displacement};
-        data.givenSoilDisplacementsAndOpenHoleSection.records[1].ZLEV = Length(5.0);
+        data.givenSoilDisplacementsAndOpenHoleSection.records[1].ZLEV = 5.0;
         return profile;
     }
 

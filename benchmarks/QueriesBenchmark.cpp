@@ -62,9 +62,8 @@ Terrix GenerateProfile() {
         soil.TYP = type;
         soil.GAMTOT = Units::Runtime::Quantity<Units::Runtime::ForcePerUnitVolumePhenomenon>(18000.0 + 500.0 * type);
         soil.PHI = type % 2 == 1 ? 30.0 + type : 0.0;
-        soil.SU_Z0 = Units::Runtime::Quantity<Units::Runtime::ForcePerUnitAreaPhenomenon>(type % 2 == 1 ? 0.0 : 10e3);
-        soil.SU_Z100 =
-            Units::Runtime::Quantity<Units::Runtime::ForcePerUnitAreaPhenomenon>(type % 2 == 1 ? 0.0 : 200e3);
+        soil.SU_Z0 = type % 2 == 1 ? 0.0 : 10e3;
+        soil.SU_Z100 = type % 2 == 1 ? 0.0 : 200e3;
         soil.EPSC = 0.01;
         soil.OCR = 1.0;
         soil.API_J = 0.5;

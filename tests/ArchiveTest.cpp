@@ -345,6 +345,7 @@ TEST(Archive, RealsAreWrittenWithTheShortestTextThatReadsBackExactly) {
         {1.5e300, "1.5e+300", "15e299"},
         {0.1 + 0.2, "0.30000000000000004", "0.30000000000000004"},
         {std::nan(""), "NaN", "NaN"},
+        {-std::nan(""), "-NaN", "-NaN"},
         {-std::numeric_limits<double>::infinity(), "-Inf", "-Inf"},
     };
     for (const auto& c : cases) {
@@ -382,9 +383,9 @@ TEST(Archive, RealsAreWrittenWithTheShortestTextThatReadsBackExactly) {
 }
 
 TEST(Archive, NumbersInTheFormsAFortranProgramWrites) {
-    ReadText("1 -2. .5 +3.25 1.5E3 2.5d-2 -1D+2 nan INF -Infinity COMMENT\n", [](Importer& importer) {
+    ReadText("1 -2. .5 +3.25 1.5E3 2.5d-2 -1D+2 nan INF -Infinity -NaN COMMENT\n", [](Importer& importer) {
         std::vector<double> values;
-        importer.Vector(values, 10, "COMMENT");
+        importer.Vector(values, 11, "COMMENT");
         EXPECT_EQ(values[0], 1.0);
         EXPECT_EQ(values[1], -2.0);
         EXPECT_EQ(values[2], 0.5);
@@ -395,6 +396,9 @@ TEST(Archive, NumbersInTheFormsAFortranProgramWrites) {
         EXPECT_TRUE(std::isnan(values[7]));
         EXPECT_EQ(values[8], std::numeric_limits<double>::infinity());
         EXPECT_EQ(values[9], -std::numeric_limits<double>::infinity());
+        // The sign of a NaN is kept, as every bit of a value is.
+        EXPECT_TRUE(std::isnan(values[10]) && std::signbit(values[10]));
+        EXPECT_FALSE(std::signbit(values[7]));
     });
     // Not numbers: a number glued to text, two points, an exponent without
     // digits, a value out of range.

@@ -440,7 +440,7 @@ std::string ShortestExponential(const Decimal& decimal) {
 }  // namespace
 
 std::string FormatReal(double value, int fieldWidth, const UnitRatio& unitSize) {
-    if (std::isnan(value)) return "NaN";
+    if (std::isnan(value)) return std::signbit(value) ? "-NaN" : "NaN";
     if (std::isinf(value)) return value > 0 ? "Inf" : "-Inf";
     const std::size_t width = fieldWidth > 0 ? static_cast<std::size_t>(fieldWidth) : 0;
     const Decimal decimal = ShortestWritten(value, unitSize);

@@ -23,7 +23,8 @@ namespace TerrixExchange {
 // "123456789", "12.3e9"), so that a value stays within its field whenever
 // some text that reads back exactly fits. Only when none fits does the field
 // widen, with the shorter of the two usual forms (nothing is rounded away).
-// NaN and infinities are written "NaN", "Inf" and "-Inf".
+// NaN and infinities are written "NaN" ("-NaN" with its sign bit set), "Inf"
+// and "-Inf".
 std::string FormatReal(double value, int fieldWidth,
                        const Units::Runtime::UnitRatio& unitSize = Units::Runtime::UnitRatio{});
 

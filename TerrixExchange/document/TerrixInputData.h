@@ -59,4 +59,8 @@ struct TerrixInputData {
     MthetaMomentDataModificationSection mthetaMomentDataModificationSection;
 };
 
+// Section by section, every value exactly (a NaN equals nothing).
+bool operator==(const TerrixInputData& left, const TerrixInputData& right);
+bool operator!=(const TerrixInputData& left, const TerrixInputData& right);
+
 }  // namespace TerrixExchange
