@@ -27,7 +27,7 @@ struct SampleRecord {
 
     template <class Archive>
     void Serialize(Archive& archive) {
-        archive.Row(number, level, modulus, ratio);
+        archive.Row(Column("N", number), Column("LEVEL", level), Column("G0", modulus), Column("RATIO", ratio));
     }
 };
 
@@ -246,23 +246,23 @@ TEST(Archive, BlankLinesSeparateSections) {
 
 TEST(Archive, QuotedTextsFillTwentyColumns) {
     const std::string written = WriteText([](Exporter& exporter) {
-        exporter.StringParameter("NORTH-0001", "NAME OF THIS SOIL PROFILE, MAX 10 CHARACTERS");
-        exporter.StringParameter("O'NEIL", "NAME");
+        exporter.StringParameter("NORTH-0001", "name", "NAME OF THIS SOIL PROFILE, MAX 10 CHARACTERS");
+        exporter.StringParameter("O'NEIL", "name", "NAME");
     });
     EXPECT_EQ(written,
               " 'NORTH-0001'        NAME OF THIS SOIL PROFILE, MAX 10 CHARACTERS\n"
               " 'O''NEIL'           NAME\n");
     ReadText(written, [](Importer& importer) {
         std::string name;
-        importer.StringParameter(name, "");
+        importer.StringParameter(name, "name", "");
         EXPECT_EQ(name, "NORTH-0001");
-        importer.StringParameter(name, "");
+        importer.StringParameter(name, "name", "");
         EXPECT_EQ(name, "O'NEIL");
     });
     EXPECT_EQ(ImportErrorOf([] {
                   ReadText(" 'UNTERMINATED   NAME\n", [](Importer& importer) {
                       std::string name;
-                      importer.StringParameter(name, "");
+                      importer.StringParameter(name, "name", "");
                   });
               }),
               ImportErrorText(1, "Expected string.", "", " 'UNTERMINATED   NAME"));
@@ -275,7 +275,7 @@ TEST(Archive, VectorsWrapAfterColumnEightyWithTheCountRestartingAtZero) {
         return result;
     };
     auto write = [](std::vector<double> vector) {
-        return WriteText([&](Exporter& exporter) { exporter.Vector(vector, vector.size(), "COMMENT"); });
+        return WriteText([&](Exporter& exporter) { exporter.Vector(Column("values", vector), vector.size(), "COMMENT"); });
     };
     EXPECT_EQ(write(values(8)), "       0.5       1.0       1.5       2.0       2.5       3.0       3.5       4.0 COMMENT\n");
     EXPECT_EQ(write(values(12)),
@@ -294,7 +294,7 @@ TEST(Archive, VectorsWrapAfterColumnEightyWithTheCountRestartingAtZero) {
                                                 "* a comment inside the vector\n8.5\n9\n9.5\n10\n")}) {
         ReadText(text + "next\n", [&](Importer& importer) {
             std::vector<double> read;
-            importer.Vector(read, 20, "COMMENT");
+            importer.Vector(Column("values", read), 20, "COMMENT");
             EXPECT_EQ(read, values(20));
         });
     }
@@ -304,7 +304,7 @@ TEST(Archive, VectorErrorsGiveTheIndexAndTheSize) {
     auto read = [](const std::string& text, std::size_t size) {
         ReadText(text, [&](Importer& importer) {
             std::vector<double> values;
-            importer.Vector(values, size, "COMMENT");
+            importer.Vector(Column("values", values), size, "COMMENT");
         });
     };
     EXPECT_EQ(ImportErrorOf([&] { read("1.0 2.0 COMMENT\n", 3); }),
@@ -352,7 +352,7 @@ TEST(Archive, RealsAreWrittenWithTheShortestTextThatReadsBackExactly) {
         for (const int width : {10, 7}) {
             const std::string text = WriteText([&](Exporter& exporter) {
                 exporter.SetColumnWidth(width);
-                exporter.Vector(std::vector<double>{c.value}, 1, "");
+                exporter.Vector(Column("values", std::vector<double>{c.value}), 1, "");
             });
             const std::string expected = width == 10 ? c.inTen : c.inSeven;
             const std::size_t field = static_cast<std::size_t>(width - 1);
@@ -370,11 +370,11 @@ TEST(Archive, RealsAreWrittenWithTheShortestTextThatReadsBackExactly) {
         std::vector<Quantity<StressPhenomenon>> stresses;
         for (double value : values) stresses.emplace_back(value);
         const std::string text = WriteText(
-            [&](Exporter& exporter) { exporter.Vector(stresses, stresses.size(), "STRESSES"); }, units.first,
+            [&](Exporter& exporter) { exporter.Vector(Column("values", stresses), stresses.size(), "STRESSES"); }, units.first,
             units.second);
         ReadText(text, [&](Importer& importer) {
             std::vector<Quantity<StressPhenomenon>> read;
-            importer.Vector(read, stresses.size(), "STRESSES");
+            importer.Vector(Column("values", read), stresses.size(), "STRESSES");
             ASSERT_EQ(read.size(), stresses.size());
             for (std::size_t i = 0; i < read.size(); ++i)
                 ASSERT_EQ(read[i].GetValue(), stresses[i].GetValue()) << units.first << " " << units.second << " #" << i;
@@ -385,7 +385,7 @@ TEST(Archive, RealsAreWrittenWithTheShortestTextThatReadsBackExactly) {
 TEST(Archive, NumbersInTheFormsAFortranProgramWrites) {
     ReadText("1 -2. .5 +3.25 1.5E3 2.5d-2 -1D+2 nan INF -Infinity -NaN COMMENT\n", [](Importer& importer) {
         std::vector<double> values;
-        importer.Vector(values, 11, "COMMENT");
+        importer.Vector(Column("values", values), 11, "COMMENT");
         EXPECT_EQ(values[0], 1.0);
         EXPECT_EQ(values[1], -2.0);
         EXPECT_EQ(values[2], 0.5);
@@ -406,7 +406,7 @@ TEST(Archive, NumbersInTheFormsAFortranProgramWrites) {
         SCOPED_TRACE(text);
         EXPECT_THROW(ReadText(text, [](Importer& importer) {
                          std::vector<double> values;
-                         importer.Vector(values, 1, "");
+                         importer.Vector(Column("values", values), 1, "");
                      }),
                      ImportError);
     }

@@ -18,7 +18,7 @@ struct KeyAndValues {
 
     template <class Archive>
     void Serialize(Archive& archive) {
-        archive.Row(key, ToEndOfLine(values));
+        archive.Row(Column("KEY", key), Column("VALUES", ToEndOfLine(values)));
     }
 };
 

@@ -74,7 +74,7 @@ public:
         if (value) Parameter(*value, name, comment);
     }
     // "'", the text, "'", blanks up to 18 minus the text's length, the comment.
-    void StringParameter(const std::string& value, const std::string& comment);
+    void StringParameter(const std::string& value, const std::string& name, const std::string& comment);
 
     // --- The frame of a profile ---
     void WriteLine(const std::string& text);
@@ -94,13 +94,20 @@ public:
     void OpenRecordVector(std::vector<Record>& records) {
         for (Record& record : records) record.Serialize(*this);
     }
+    // A record's line: each column's value; the names stand in the header.
     template <class... Fields>
-    void Row(const Fields&... fields) {
-        (WriteField(fields), ...);
+    void Row(const NamedField<Fields>&... columns) {
+        (WriteField(columns.field), ...);
         WriteText("\n");
     }
     // The values in columns, a line break before a value that would take the
     // line past column 80, then the comment after the last value.
+    template <class Field>
+    void Vector(const NamedField<Field>& vector, std::size_t size, const std::string& comment) {
+        Vector(vector.field, size, comment);
+    }
+
+private:
     void Vector(const std::vector<double>& values, std::size_t, const std::string& comment) {
         WriteVector(values, Units::Runtime::DynamicDimension{}, comment);
     }
@@ -117,7 +124,6 @@ public:
         WriteVector(numbers, Phenomenon::dimension, comment);
     }
 
-private:
     void WriteText(const std::string& text);
     void WriteReal(double value, Units::Runtime::DynamicDimension dimension);
     void WriteInteger(long long value);

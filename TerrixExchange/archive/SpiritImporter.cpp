@@ -253,7 +253,7 @@ bool SpiritImporter<Iterator>::TryParameterName(const std::string& name) {
 }
 
 template <class Iterator>
-void SpiritImporter<Iterator>::StringParameter(std::string& value, const std::string&) {
+void SpiritImporter<Iterator>::StringParameter(std::string& value, const std::string&, const std::string&) {
     Iterator it = position_;
     std::string text;
     const auto quoted = qi::copy(qi::lit('\'') >> *((qi::lit("''") >> qi::attr('\'')) | (qi::char_ - qi::char_("'\r\n"))) >>

@@ -112,8 +112,9 @@ public:
     // marked absent and the position stays where it was.
     template <class Value>
     void OptionalParameter(boost::optional<Value>& value, const std::string& name, const std::string& comment);
-    // A text between single quotes ('' inside stands for one quote).
-    void StringParameter(std::string& value, const std::string& comment);
+    // A text between single quotes ('' inside stands for one quote). The
+    // line holds no name: `name` names the value for describing archives.
+    void StringParameter(std::string& value, const std::string& name, const std::string& comment);
 
     // --- The frame of a profile ---
     // "TERRIX" and the header lines up to the version line, the first empty
@@ -142,11 +143,22 @@ public:
     // Records as long as the next line starts with a number.
     template <class Record>
     void OpenRecordVector(std::vector<Record>& records);
-    // One line of a record: its fields, then the end of the line.
+    // One line of a record: its columns, then the end of the line. The
+    // columns' names are not read: the file's header line gives them.
     template <class... Fields>
-    void Row(Fields&&... fields);
+    void Row(NamedField<Fields>... columns) {
+        RowOfValues(std::forward<Fields>(columns.field)...);
+    }
     // `size` values over one or more lines; after the last value its line
     // may hold only the vector's comment, as the exporter writes it.
+    template <class Field>
+    void Vector(NamedField<Field> vector, std::size_t size, const std::string& comment) {
+        Vector(std::forward<Field>(vector.field), size, comment);
+    }
+
+private:
+    template <class... Fields>
+    void RowOfValues(Fields&&... fields);
     void Vector(std::vector<double>& values, std::size_t size, const std::string& comment) {
         ReadVector(values, size, Units::Runtime::DynamicDimension{}, comment);
     }
@@ -157,7 +169,6 @@ public:
     template <class Phenomenon>
     void Vector(std::vector<Units::Runtime::Quantity<Phenomenon>>& values, std::size_t size, const std::string&);
 
-private:
     // Numbers: the current position is left after the number on success and
     // unchanged on failure. Reals are converted from the file's units.
     bool TryReadReal(double& value, Units::Runtime::DynamicDimension dimension);
@@ -327,7 +338,7 @@ void SpiritImporter<Iterator>::OpenRecordVector(std::vector<Record>& records) {
 
 template <class Iterator>
 template <class... Fields>
-void SpiritImporter<Iterator>::Row(Fields&&... fields) {
+void SpiritImporter<Iterator>::RowOfValues(Fields&&... fields) {
     constexpr std::size_t fieldCount = sizeof...(Fields);
     constexpr bool anyOptional = (IsOptional<Fields>() || ... || false);
     const std::size_t numbersAhead = anyOptional ? CountNumbersAhead() : fieldCount;

@@ -5,6 +5,7 @@
 #include <limits>
 #include <ostream>
 
+#include <TerrixExchange/archive/JsonArchive.h>
 #include <TerrixExchange/document/TableCounts.h>
 #include <TerrixExchange/document/WhiteSpaceKept.h>
 #include <TerrixPlatform/Units/Runtime/FastUnitConverter.h>
@@ -225,5 +226,6 @@ bool Terrix::TryDeduceUnits(Quantity<ForcePerUnitVolumePhenomenon> waterUnitWeig
 
 template void Terrix::SerializeSections(Importer&);
 template void Terrix::SerializeSections(Exporter&);
+template void Terrix::SerializeSections(JsonArchive&);
 
 }  // namespace TerrixExchange

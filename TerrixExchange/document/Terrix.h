@@ -22,6 +22,7 @@
 namespace TerrixExchange {
 
 class TerrixMultipleSoilProfiles;
+class JsonArchive;
 
 // One soil profile: the content of one TERRIX input file, or of one profile
 // of a stream of several. It holds the header, the unit system in which the
@@ -191,6 +192,7 @@ public:
 
 private:
     friend class TerrixMultipleSoilProfiles;
+    friend class JsonArchive;
 
     // The header, the version line and the sections of the version.
     void ReadProfile(Importer& importer);

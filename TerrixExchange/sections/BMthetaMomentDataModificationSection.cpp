@@ -1,5 +1,6 @@
 #include <TerrixExchange/sections/BMthetaMomentDataModificationSection.h>
 
+#include <TerrixExchange/archive/JsonArchive.h>
 #include <TerrixExchange/archive/SpiritExporter.h>
 #include <TerrixExchange/archive/SpiritImporter.h>
 
@@ -12,5 +13,6 @@ void BMthetaMomentDataModificationSection::Serialize(Archive& archive) {
 
 template void BMthetaMomentDataModificationSection::Serialize(Importer&);
 template void BMthetaMomentDataModificationSection::Serialize(Exporter&);
+template void BMthetaMomentDataModificationSection::Serialize(JsonArchive&);
 
 }  // namespace TerrixExchange

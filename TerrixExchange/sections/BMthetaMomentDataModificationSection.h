@@ -17,9 +17,10 @@ struct BMThetaModification : ModificationFactors<BMThetaModification> {
     double BM_FCT = 1.0;     // factor on the BM values
     double THETA_FCT = 1.0;  // factor on the THETA values
 
+    // The factors under their column titles.
     template <class Self>
-    static auto Factors(Self& modification) {
-        return std::tie(modification.BM_FCT, modification.THETA_FCT);
+    static auto Columns(Self& modification) {
+        return std::make_tuple(Column("BM-FCT", modification.BM_FCT), Column("THETA-FCT", modification.THETA_FCT));
     }
 };
 

@@ -1,5 +1,6 @@
 #include <TerrixExchange/sections/BSYBaseShearDataModificationSection.h>
 
+#include <TerrixExchange/archive/JsonArchive.h>
 #include <TerrixExchange/archive/SpiritExporter.h>
 #include <TerrixExchange/archive/SpiritImporter.h>
 
@@ -12,5 +13,6 @@ void BSYBaseShearDataModificationSection::Serialize(Archive& archive) {
 
 template void BSYBaseShearDataModificationSection::Serialize(Importer&);
 template void BSYBaseShearDataModificationSection::Serialize(Exporter&);
+template void BSYBaseShearDataModificationSection::Serialize(JsonArchive&);
 
 }  // namespace TerrixExchange

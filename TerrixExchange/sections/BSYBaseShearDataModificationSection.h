@@ -17,9 +17,10 @@ struct BSYModification : ModificationFactors<BSYModification> {
     double BS_FCT = 1.0;  // factor on the BS values
     double Y_FCT = 1.0;   // factor on the Y values
 
+    // The factors under their column titles.
     template <class Self>
-    static auto Factors(Self& modification) {
-        return std::tie(modification.BS_FCT, modification.Y_FCT);
+    static auto Columns(Self& modification) {
+        return std::make_tuple(Column("BS-FCT", modification.BS_FCT), Column("Y-FCT", modification.Y_FCT));
     }
 };
 

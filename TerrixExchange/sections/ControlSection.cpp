@@ -1,5 +1,6 @@
 #include <TerrixExchange/sections/ControlSection.h>
 
+#include <TerrixExchange/archive/JsonArchive.h>
 #include <TerrixExchange/archive/SpiritExporter.h>
 #include <TerrixExchange/archive/SpiritImporter.h>
 
@@ -16,7 +17,7 @@ ControlSection::ControlSection(Version version_)
 template <class Archive>
 void ControlSection::Serialize(Archive& archive) {
     const auto guard = archive.BeginSection("CONTROL SECTION");
-    if (version == Version::V5) archive.StringParameter(profileName, "NAME OF THIS SOIL PROFILE, MAX 10 CHARACTERS");
+    if (version == Version::V5) archive.StringParameter(profileName, "profileName", "NAME OF THIS SOIL PROFILE, MAX 10 CHARACTERS");
     archive.RequiredParameter(CONFRC, "CONFRC", "OLD-FORCE-UNIT  = CONFRC * NEW-FORCE-UNIT  1MN  = 1000*1KN");
     archive.RequiredParameter(CONLTH, "CONLTH", "OLD-LENGTH-UNIT = CONLTH * NEW-LENGTH-UNIT  1M  = 3.28*1FT");
     if (version == Version::V4) {
@@ -55,5 +56,6 @@ bool operator!=(const ControlSection& left, const ControlSection& right) { retur
 
 template void ControlSection::Serialize(Importer&);
 template void ControlSection::Serialize(Exporter&);
+template void ControlSection::Serialize(JsonArchive&);
 
 }  // namespace TerrixExchange

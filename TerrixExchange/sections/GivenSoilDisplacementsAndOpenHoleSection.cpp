@@ -1,5 +1,6 @@
 #include <TerrixExchange/sections/GivenSoilDisplacementsAndOpenHoleSection.h>
 
+#include <TerrixExchange/archive/JsonArchive.h>
 #include <TerrixExchange/archive/SpiritExporter.h>
 #include <TerrixExchange/archive/SpiritImporter.h>
 
@@ -9,13 +10,14 @@ using namespace Units::Runtime;
 
 template <class Archive>
 void GivenSoilDisplacementsAndOpenHoleSectionRecord::Serialize(Archive& archive) {
-    archive.Row(AsQuantity<LengthPhenomenon>(ZLEV), AsQuantity<LengthPhenomenon>(DSP_X),
-                AsQuantity<LengthPhenomenon>(DSP_Y), AsQuantity<LengthPhenomenon>(DSP_Z),
-                AsQuantity<LengthPhenomenon>(HOLE_DIAM));
+    archive.Row(Column("ZLEV", AsQuantity<LengthPhenomenon>(ZLEV)), Column("DSP-X", AsQuantity<LengthPhenomenon>(DSP_X)),
+                Column("DSP-Y", AsQuantity<LengthPhenomenon>(DSP_Y)), Column("DSP-Z", AsQuantity<LengthPhenomenon>(DSP_Z)),
+                Column("HOLE-DIAM", AsQuantity<LengthPhenomenon>(HOLE_DIAM)));
 }
 
 template void GivenSoilDisplacementsAndOpenHoleSectionRecord::Serialize(Importer&);
 template void GivenSoilDisplacementsAndOpenHoleSectionRecord::Serialize(Exporter&);
+template void GivenSoilDisplacementsAndOpenHoleSectionRecord::Serialize(JsonArchive&);
 
 template <class Archive>
 void GivenSoilDisplacementsAndOpenHoleSection::Serialize(Archive& archive, std::size_t count) {
@@ -26,6 +28,7 @@ void GivenSoilDisplacementsAndOpenHoleSection::Serialize(Archive& archive, std::
 
 template void GivenSoilDisplacementsAndOpenHoleSection::Serialize(Importer&, std::size_t);
 template void GivenSoilDisplacementsAndOpenHoleSection::Serialize(Exporter&, std::size_t);
+template void GivenSoilDisplacementsAndOpenHoleSection::Serialize(JsonArchive&, std::size_t);
 
 bool operator==(const GivenSoilDisplacementsAndOpenHoleSectionRecord& left,
                 const GivenSoilDisplacementsAndOpenHoleSectionRecord& right) {

@@ -1,5 +1,6 @@
 #include <TerrixExchange/sections/LoadsAtSoilSurfaceSection.h>
 
+#include <TerrixExchange/archive/JsonArchive.h>
 #include <TerrixExchange/archive/SpiritExporter.h>
 #include <TerrixExchange/archive/SpiritImporter.h>
 
@@ -21,12 +22,13 @@ void LoadsAtSoilSurfaceSection::Serialize(Archive& archive) {
     // Each vector has a line of its own even when NUMFRC is 0: the generator
     // reads one line per vector whatever its length.
     const std::size_t count = NUMFRC > 0 ? static_cast<std::size_t>(NUMFRC) : 0;
-    archive.Vector(AsQuantity<ForcePhenomenon>(pointForces), count, "POINT FORCE VALUES");
-    archive.Vector(distances, count, "HORIZONTAL DISTANCE TO PILE AXIS");
+    archive.Vector(Column("pointForces", AsQuantity<ForcePhenomenon>(pointForces)), count, "POINT FORCE VALUES");
+    archive.Vector(Column("distances", distances), count, "HORIZONTAL DISTANCE TO PILE AXIS");
 }
 
 template void LoadsAtSoilSurfaceSection::Serialize(Importer&);
 template void LoadsAtSoilSurfaceSection::Serialize(Exporter&);
+template void LoadsAtSoilSurfaceSection::Serialize(JsonArchive&);
 
 bool operator==(const LoadsAtSoilSurfaceSection& left, const LoadsAtSoilSurfaceSection& right) {
     return left.SIGSRF == right.SIGSRF && left.DPEMB == right.DPEMB && left.AEMB == right.AEMB &&

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include <TerrixExchange/archive/JsonArchive.h>
 #include <TerrixExchange/archive/SpiritExporter.h>
 #include <TerrixExchange/archive/SpiritImporter.h>
 
@@ -33,11 +34,15 @@ Layer Record::GetLayer(int firstLayer, Quantity<LengthPhenomenon> top) const {
 
 template <class Archive>
 void Record::Serialize(Archive& archive) {
-    archive.Row(MAIN_LAYER, ZBOTM, SUBDIVISION, PYCODE, TZCODE, QZCODE, OPEN_HOLE, ToEndOfLine(MISC_VALUES));
+    // The second header line of SUBDIVISION tells its values, not its name.
+    archive.Row(Column("MAIN LAYER", MAIN_LAYER), Column("ZBOTM", ZBOTM), Column("SUBDIVISION", SUBDIVISION),
+                Column("P-Y CODE", PYCODE), Column("T-Z CODE", TZCODE), Column("Q-Z CODE", QZCODE),
+                Column("OPEN HOLE", OPEN_HOLE), Column("MISC.SOIL.LAYER.VALUES", ToEndOfLine(MISC_VALUES)));
 }
 
 template void Record::Serialize(Importer&);
 template void Record::Serialize(Exporter&);
+template void Record::Serialize(JsonArchive&);
 
 bool operator==(const Record& left, const Record& right) {
     return left.MAIN_LAYER == right.MAIN_LAYER && left.ZBOTM == right.ZBOTM &&
@@ -98,6 +103,7 @@ void MainLayersSubdivisionAndPyTzQzCodesSection::Serialize(Archive& archive, std
 
 template void MainLayersSubdivisionAndPyTzQzCodesSection::Serialize(Importer&, std::size_t);
 template void MainLayersSubdivisionAndPyTzQzCodesSection::Serialize(Exporter&, std::size_t);
+template void MainLayersSubdivisionAndPyTzQzCodesSection::Serialize(JsonArchive&, std::size_t);
 
 bool operator==(const MainLayersSubdivisionAndPyTzQzCodesSection& left,
                 const MainLayersSubdivisionAndPyTzQzCodesSection& right) {

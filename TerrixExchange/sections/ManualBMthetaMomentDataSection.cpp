@@ -1,5 +1,6 @@
 #include <TerrixExchange/sections/ManualBMthetaMomentDataSection.h>
 
+#include <TerrixExchange/archive/JsonArchive.h>
 #include <TerrixExchange/archive/SpiritExporter.h>
 #include <TerrixExchange/archive/SpiritImporter.h>
 
@@ -12,5 +13,6 @@ void ManualBMthetaMomentDataSection::Serialize(Archive& archive, std::size_t cou
 
 template void ManualBMthetaMomentDataSection::Serialize(Importer&, std::size_t);
 template void ManualBMthetaMomentDataSection::Serialize(Exporter&, std::size_t);
+template void ManualBMthetaMomentDataSection::Serialize(JsonArchive&, std::size_t);
 
 }  // namespace TerrixExchange

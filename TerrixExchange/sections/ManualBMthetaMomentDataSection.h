@@ -15,6 +15,8 @@ struct ManualBMthetaCurves {
     static constexpr const char* title = "MANUAL BM-THETA (BASE MOMENT) DATA SECTION";
     static constexpr const char* header =
         "LAY       DIAM      NUMPNT  LINE1 : BM-VALUES (F*L)  LINE2 : THETA-VALUES (RAD)";
+    static constexpr const char* line1 = "BM-VALUES";
+    static constexpr const char* line2 = "THETA-VALUES";
     static constexpr const char* missingCurve = "Manual Base Moment curve not defined";
     using Resistance = Units::Runtime::MomentPhenomenon;
     using Displacement = Units::Runtime::AnglePhenomenon;

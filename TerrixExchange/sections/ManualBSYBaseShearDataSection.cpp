@@ -1,5 +1,6 @@
 #include <TerrixExchange/sections/ManualBSYBaseShearDataSection.h>
 
+#include <TerrixExchange/archive/JsonArchive.h>
 #include <TerrixExchange/archive/SpiritExporter.h>
 #include <TerrixExchange/archive/SpiritImporter.h>
 
@@ -12,5 +13,6 @@ void ManualBSYBaseShearDataSection::Serialize(Archive& archive, std::size_t coun
 
 template void ManualBSYBaseShearDataSection::Serialize(Importer&, std::size_t);
 template void ManualBSYBaseShearDataSection::Serialize(Exporter&, std::size_t);
+template void ManualBSYBaseShearDataSection::Serialize(JsonArchive&, std::size_t);
 
 }  // namespace TerrixExchange

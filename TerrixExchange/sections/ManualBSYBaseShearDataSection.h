@@ -15,6 +15,8 @@ struct ManualBSYCurves {
     static constexpr const char* title = "MANUAL BS-Y (BASE SHEAR) DATA SECTION";
     static constexpr const char* header =
         "LAY       DIAM      NUMPNT  LINE1 : BS-VALUES (F)  LINE2 : Y-VALUES (L)";
+    static constexpr const char* line1 = "BS-VALUES";
+    static constexpr const char* line2 = "Y-VALUES";
     static constexpr const char* missingCurve = "Manual Base Shear curve not defined";
     using Resistance = Units::Runtime::ForcePhenomenon;
     using Displacement = Units::Runtime::LengthPhenomenon;

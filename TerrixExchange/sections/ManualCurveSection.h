@@ -19,6 +19,8 @@ namespace TerrixExchange {
 //   struct Kind {
 //       static constexpr const char* title;         // the section's title line
 //       static constexpr const char* header;        // its column header line
+//       static constexpr const char* line1;         // the header's title of
+//       static constexpr const char* line2;         //   line 1 and line 2
 //       static constexpr const char* missingCurve;  // GetManualCurve finds none
 //       using Resistance = ...Phenomenon;           // the values of line 1
 //       using Displacement = ...Phenomenon;         // the values of line 2
@@ -41,10 +43,10 @@ public:
     template <class Archive>
     void Serialize(Archive& archive) {
         int NUMPNT = static_cast<int>(resistances.size());
-        archive.Row(LAY, DIAM, NUMPNT);
+        archive.Row(Column("LAY", LAY), Column("DIAM", DIAM), Column("NUMPNT", NUMPNT));
         const std::size_t points = NUMPNT > 0 ? static_cast<std::size_t>(NUMPNT) : 0;
-        archive.Vector(AsQuantity<typename Kind::Resistance>(resistances), points, "");
-        archive.Vector(AsQuantity<typename Kind::Displacement>(displacements), points, "");
+        archive.Vector(Column(Kind::line1, AsQuantity<typename Kind::Resistance>(resistances)), points, "");
+        archive.Vector(Column(Kind::line2, AsQuantity<typename Kind::Displacement>(displacements)), points, "");
     }
 
     // The layer (numbered from 1 at the top) and the pile diameter of the curve.

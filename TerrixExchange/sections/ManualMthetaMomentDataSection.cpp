@@ -1,5 +1,6 @@
 #include <TerrixExchange/sections/ManualMthetaMomentDataSection.h>
 
+#include <TerrixExchange/archive/JsonArchive.h>
 #include <TerrixExchange/archive/SpiritExporter.h>
 #include <TerrixExchange/archive/SpiritImporter.h>
 
@@ -12,5 +13,6 @@ void ManualMthetaMomentDataSection::Serialize(Archive& archive, std::size_t coun
 
 template void ManualMthetaMomentDataSection::Serialize(Importer&, std::size_t);
 template void ManualMthetaMomentDataSection::Serialize(Exporter&, std::size_t);
+template void ManualMthetaMomentDataSection::Serialize(JsonArchive&, std::size_t);
 
 }  // namespace TerrixExchange

@@ -16,6 +16,8 @@ struct ManualMthetaCurves {
     static constexpr const char* title = "MANUAL M-THETA (DISTRIBUTED MOMENT) DATA SECTION";
     static constexpr const char* header =
         "LAY       DIAM      NUMPNT  LINE1 : M-VALUES (F*L/L)  LINE2 : THETA-VALUES (RAD)";
+    static constexpr const char* line1 = "M-VALUES";
+    static constexpr const char* line2 = "THETA-VALUES";
     static constexpr const char* missingCurve = "Manual M-Theta curve not defined";
     using Resistance = Units::Runtime::ForcePhenomenon;
     using Displacement = Units::Runtime::AnglePhenomenon;

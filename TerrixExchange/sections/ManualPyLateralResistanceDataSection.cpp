@@ -1,5 +1,6 @@
 #include <TerrixExchange/sections/ManualPyLateralResistanceDataSection.h>
 
+#include <TerrixExchange/archive/JsonArchive.h>
 #include <TerrixExchange/archive/SpiritExporter.h>
 #include <TerrixExchange/archive/SpiritImporter.h>
 
@@ -12,5 +13,6 @@ void ManualPyLateralResistanceDataSection::Serialize(Archive& archive, std::size
 
 template void ManualPyLateralResistanceDataSection::Serialize(Importer&, std::size_t);
 template void ManualPyLateralResistanceDataSection::Serialize(Exporter&, std::size_t);
+template void ManualPyLateralResistanceDataSection::Serialize(JsonArchive&, std::size_t);
 
 }  // namespace TerrixExchange

@@ -16,6 +16,8 @@ struct ManualPyCurves {
     static constexpr const char* title = "MANUAL P-Y (LATERAL RESISTANCE) DATA SECTION";
     static constexpr const char* header =
         "LAY       DIAM      NUMPNT  LINE1 : P-VALUES (F/L**2)  LINE2 : Y-VALUES (L)";
+    static constexpr const char* line1 = "P-VALUES";
+    static constexpr const char* line2 = "Y-VALUES";
     static constexpr const char* missingCurve = "Manual PY curve not defined";
     using Resistance = Units::Runtime::ForcePerUnitAreaPhenomenon;
     using Displacement = Units::Runtime::LengthPhenomenon;

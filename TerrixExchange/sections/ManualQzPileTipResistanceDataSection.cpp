@@ -1,5 +1,6 @@
 #include <TerrixExchange/sections/ManualQzPileTipResistanceDataSection.h>
 
+#include <TerrixExchange/archive/JsonArchive.h>
 #include <TerrixExchange/archive/SpiritExporter.h>
 #include <TerrixExchange/archive/SpiritImporter.h>
 
@@ -12,5 +13,6 @@ void ManualQzPileTipResistanceDataSection::Serialize(Archive& archive, std::size
 
 template void ManualQzPileTipResistanceDataSection::Serialize(Importer&, std::size_t);
 template void ManualQzPileTipResistanceDataSection::Serialize(Exporter&, std::size_t);
+template void ManualQzPileTipResistanceDataSection::Serialize(JsonArchive&, std::size_t);
 
 }  // namespace TerrixExchange

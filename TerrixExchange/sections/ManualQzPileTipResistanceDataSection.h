@@ -16,6 +16,8 @@ struct ManualQzCurves {
     static constexpr const char* title = "MANUAL Q-Z (PILE TIP RESISTANCE) DATA SECTION";
     static constexpr const char* header =
         "LAY       DIAM      NUMPNT  LINE1 : Q-VALUES (F/L**2)  LINE2 : Z-VALUES (L)";
+    static constexpr const char* line1 = "Q-VALUES";
+    static constexpr const char* line2 = "Z-VALUES";
     static constexpr const char* missingCurve = "Manual QZ curve not defined";
     using Resistance = Units::Runtime::ForcePerUnitAreaPhenomenon;
     using Displacement = Units::Runtime::LengthPhenomenon;

@@ -1,5 +1,6 @@
 #include <TerrixExchange/sections/ManualTzSkinFrictionDataSection.h>
 
+#include <TerrixExchange/archive/JsonArchive.h>
 #include <TerrixExchange/archive/SpiritExporter.h>
 #include <TerrixExchange/archive/SpiritImporter.h>
 
@@ -12,5 +13,6 @@ void ManualTzSkinFrictionDataSection::Serialize(Archive& archive, std::size_t co
 
 template void ManualTzSkinFrictionDataSection::Serialize(Importer&, std::size_t);
 template void ManualTzSkinFrictionDataSection::Serialize(Exporter&, std::size_t);
+template void ManualTzSkinFrictionDataSection::Serialize(JsonArchive&, std::size_t);
 
 }  // namespace TerrixExchange

@@ -16,6 +16,8 @@ struct ManualTzCurves {
     static constexpr const char* title = "MANUAL T-Z (SKIN FRICTION) DATA SECTION";
     static constexpr const char* header =
         "LAY       DIAM      NUMPNT  LINE1 : T-VALUES (F/L**2)  LINE2 : Z-VALUES (L)";
+    static constexpr const char* line1 = "T-VALUES";
+    static constexpr const char* line2 = "Z-VALUES";
     static constexpr const char* missingCurve = "Manual TZ curve not defined";
     using Resistance = Units::Runtime::ForcePerUnitAreaPhenomenon;
     using Displacement = Units::Runtime::LengthPhenomenon;

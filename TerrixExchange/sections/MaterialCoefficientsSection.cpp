@@ -1,5 +1,6 @@
 #include <TerrixExchange/sections/MaterialCoefficientsSection.h>
 
+#include <TerrixExchange/archive/JsonArchive.h>
 #include <TerrixExchange/archive/SpiritExporter.h>
 #include <TerrixExchange/archive/SpiritImporter.h>
 
@@ -16,6 +17,7 @@ void MaterialCoefficientsSection::Serialize(Archive& archive) {
 
 template void MaterialCoefficientsSection::Serialize(Importer&);
 template void MaterialCoefficientsSection::Serialize(Exporter&);
+template void MaterialCoefficientsSection::Serialize(JsonArchive&);
 
 bool operator==(const MaterialCoefficientsSection& left, const MaterialCoefficientsSection& right) {
     return left.SFTPHI == right.SFTPHI && left.SFSU == right.SFSU && left.SFSKF == right.SFSKF &&

@@ -7,6 +7,7 @@
 
 #include <boost/optional.hpp>
 
+#include <TerrixExchange/archive/ArchiveFields.h>
 #include <TerrixExchange/sections/ModificationSectionRecord.h>
 #include <TerrixPlatform/AllocationCallbacks/AllocationCallbacks.h>
 #include <TerrixPlatform/Units/Runtime/Quantity.h>
@@ -14,16 +15,24 @@
 namespace TerrixExchange {
 
 // The factors of a modification struct (PyModification and the others), in
-// the order of their columns. A struct lists them once, in
-//   template <class Self> static auto Factors(Self& modification)
-// returning std::tie of its factors; reading, writing and comparing all go
-// through that list. Comparison is exact.
+// the order of their columns. A struct lists them once, with their column
+// titles, in
+//   template <class Self> static auto Columns(Self& modification)
+// returning a tuple of Column(...) fields; reading, writing, describing and
+// comparing all go through that list. Comparison is exact.
 template <class Modification>
 struct ModificationFactors {
     TERRIX_ALLOCATION_OPERATORS
 
+    // The factors alone, as std::tie of the members.
+    template <class Self>
+    static auto Factors(Self& modification) {
+        return std::apply([](auto... columns) { return std::tie(columns.field...); },
+                          Modification::Columns(modification));
+    }
+
     friend bool operator==(const Modification& left, const Modification& right) {
-        return Modification::Factors(left) == Modification::Factors(right);
+        return Factors(left) == Factors(right);
     }
     friend bool operator!=(const Modification& left, const Modification& right) { return !(left == right); }
 };
@@ -53,8 +62,11 @@ public:
     template <class Archive>
     void Serialize(Archive& archive) {
         const ColumnWidthScope<Archive> width(archive, Kind::columnWidth);
-        std::apply([&](auto&... factors) { archive.Row(LAY1, LAY2, DIAM, factors...); },
-                   Modification::Factors(modification));
+        std::apply(
+            [&](auto... factors) {
+                archive.Row(Column("LAY1", LAY1), Column("LAY2", LAY2), Column("DIAM", DIAM), factors...);
+            },
+            Modification::Columns(modification));
     }
 
     Modification modification;

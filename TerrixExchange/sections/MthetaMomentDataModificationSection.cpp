@@ -1,5 +1,6 @@
 #include <TerrixExchange/sections/MthetaMomentDataModificationSection.h>
 
+#include <TerrixExchange/archive/JsonArchive.h>
 #include <TerrixExchange/archive/SpiritExporter.h>
 #include <TerrixExchange/archive/SpiritImporter.h>
 
@@ -12,5 +13,6 @@ void MthetaMomentDataModificationSection::Serialize(Archive& archive) {
 
 template void MthetaMomentDataModificationSection::Serialize(Importer&);
 template void MthetaMomentDataModificationSection::Serialize(Exporter&);
+template void MthetaMomentDataModificationSection::Serialize(JsonArchive&);
 
 }  // namespace TerrixExchange

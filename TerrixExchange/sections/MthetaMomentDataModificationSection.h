@@ -17,9 +17,10 @@ struct MThetaModification : ModificationFactors<MThetaModification> {
     double M_FCT = 1.0;      // factor on the M values
     double THETA_FCT = 1.0;  // factor on the THETA values
 
+    // The factors under their column titles.
     template <class Self>
-    static auto Factors(Self& modification) {
-        return std::tie(modification.M_FCT, modification.THETA_FCT);
+    static auto Columns(Self& modification) {
+        return std::make_tuple(Column("M-FCT", modification.M_FCT), Column("THETA-FCT", modification.THETA_FCT));
     }
 };
 

@@ -1,5 +1,6 @@
 #include <TerrixExchange/sections/PileDiametersAndGroupEffectsSection.h>
 
+#include <TerrixExchange/archive/JsonArchive.h>
 #include <TerrixExchange/archive/SpiritExporter.h>
 #include <TerrixExchange/archive/SpiritImporter.h>
 
@@ -12,7 +13,7 @@ void PileDiametersAndGroupEffectsSection::Serialize(Archive& archive, bool isVer
     const auto guard = archive.BeginSection("PILE DIAMETERS AND GROUP EFFECTS SECTION");
     int NUMDIA = static_cast<int>(diameters.size());
     archive.RequiredParameter(NUMDIA, "NUMDIA", "NUMBER OF PILE DIAM FOR WHICH P-Y/T-Z/Q-Z DATA IS WANTED");
-    archive.Vector(diameters, NUMDIA > 0 ? NUMDIA : 0, "DIAMETERS IN INCREASING ORDER");
+    archive.Vector(Column("diameters", diameters), NUMDIA > 0 ? NUMDIA : 0, "DIAMETERS IN INCREASING ORDER");
     archive.RequiredParameter(AsQuantity<ForcePerUnitAreaPhenomenon>(ESOL0), "ESOL0", "E-SOIL FOR GROUP EFFECT CALCULATION :");
     archive.RequiredParameter(AsQuantity<ForcePerUnitVolumePhenomenon>(ESOL1), "ESOL1", "     ESOIL(Z) = ESOL0 + ESOL1*Z");
     if (isVersion5)
@@ -22,6 +23,7 @@ void PileDiametersAndGroupEffectsSection::Serialize(Archive& archive, bool isVer
 
 template void PileDiametersAndGroupEffectsSection::Serialize(Importer&, bool);
 template void PileDiametersAndGroupEffectsSection::Serialize(Exporter&, bool);
+template void PileDiametersAndGroupEffectsSection::Serialize(JsonArchive&, bool);
 
 bool operator==(const PileDiametersAndGroupEffectsSection& left, const PileDiametersAndGroupEffectsSection& right) {
     return left.diameters == right.diameters && left.ESOL0 == right.ESOL0 && left.ESOL1 == right.ESOL1 &&

@@ -1,5 +1,6 @@
 #include <TerrixExchange/sections/PyLateralResistanceDataModificationSection.h>
 
+#include <TerrixExchange/archive/JsonArchive.h>
 #include <TerrixExchange/archive/SpiritExporter.h>
 #include <TerrixExchange/archive/SpiritImporter.h>
 
@@ -12,5 +13,6 @@ void PyLateralResistanceDataModificationSection::Serialize(Archive& archive, std
 
 template void PyLateralResistanceDataModificationSection::Serialize(Importer&, std::size_t, std::size_t);
 template void PyLateralResistanceDataModificationSection::Serialize(Exporter&, std::size_t, std::size_t);
+template void PyLateralResistanceDataModificationSection::Serialize(JsonArchive&, std::size_t, std::size_t);
 
 }  // namespace TerrixExchange

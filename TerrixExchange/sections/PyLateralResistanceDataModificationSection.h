@@ -21,10 +21,15 @@ struct PyModification : ModificationFactors<PyModification> {
     double P_RES_FCT = 1.0;   // factor on the residual P value
     double Y_RES_FCT = 1.0;   // factor on the Y value of the residual
 
+    // The factors under their column titles; the gap is a length that the
+    // format keeps as a plain number.
     template <class Self>
-    static auto Factors(Self& modification) {
-        return std::tie(modification.P_FACT, modification.Y_FACT, modification.Y_GAP,
-                        modification.P_PEAK_FCT, modification.P_RES_FCT, modification.Y_RES_FCT);
+    static auto Columns(Self& modification) {
+        return std::make_tuple(Column("P-FACT", modification.P_FACT), Column("Y-FACT", modification.Y_FACT),
+                               PlainNumber("Y-GAP", modification.Y_GAP),
+                               Column("P-PEAK-FCT", modification.P_PEAK_FCT),
+                               Column("P-RES-FCT", modification.P_RES_FCT),
+                               Column("Y-RES-FCT", modification.Y_RES_FCT));
     }
 };
 

@@ -1,5 +1,6 @@
 #include <TerrixExchange/sections/QzPileTipResistanceDataModificationSection.h>
 
+#include <TerrixExchange/archive/JsonArchive.h>
 #include <TerrixExchange/archive/SpiritExporter.h>
 #include <TerrixExchange/archive/SpiritImporter.h>
 
@@ -12,5 +13,6 @@ void QzPileTipResistanceDataModificationSection::Serialize(Archive& archive, std
 
 template void QzPileTipResistanceDataModificationSection::Serialize(Importer&, std::size_t, std::size_t);
 template void QzPileTipResistanceDataModificationSection::Serialize(Exporter&, std::size_t, std::size_t);
+template void QzPileTipResistanceDataModificationSection::Serialize(JsonArchive&, std::size_t, std::size_t);
 
 }  // namespace TerrixExchange

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include <TerrixExchange/archive/JsonArchive.h>
 #include <TerrixExchange/archive/SpiritExporter.h>
 #include <TerrixExchange/archive/SpiritImporter.h>
 
@@ -26,11 +27,15 @@ bool Record::IsPartOfLayer(const Layer& layer) const { return layer.zTop <= ZLEV
 template <class Archive>
 void Record::Serialize(Archive& archive) {
     // G0-SOIL is an optional column: seven numbers on the line leave it out.
-    archive.Row(ZLEV, SKIN_CMP, SKIN_TNS, G0_SOIL, DSPTZ_DIAM, SIG_TIP, POIS, DSPQZ_DIAM);
+    // Skin friction, shear modulus and tip resistance are kept as written.
+    archive.Row(Column("ZLEV", ZLEV), PlainNumber("SKIN-CMP", SKIN_CMP), PlainNumber("SKIN-TNS", SKIN_TNS),
+                PlainNumber("G0-SOIL", G0_SOIL), Column("DSPTZ/DIAM", DSPTZ_DIAM), PlainNumber("SIG-TIP", SIG_TIP),
+                Column("POIS", POIS), Column("DSPQZ/DIAM", DSPQZ_DIAM));
 }
 
 template void Record::Serialize(Importer&);
 template void Record::Serialize(Exporter&);
+template void Record::Serialize(JsonArchive&);
 
 bool operator==(const Record& left, const Record& right) {
     return left.ZLEV == right.ZLEV && left.SKIN_CMP == right.SKIN_CMP && left.SKIN_TNS == right.SKIN_TNS &&
@@ -74,6 +79,7 @@ void SkinFrictionAndTipResistanceSectionV4::Serialize(Archive& archive, std::siz
 
 template void SkinFrictionAndTipResistanceSectionV4::Serialize(Importer&, std::size_t);
 template void SkinFrictionAndTipResistanceSectionV4::Serialize(Exporter&, std::size_t);
+template void SkinFrictionAndTipResistanceSectionV4::Serialize(JsonArchive&, std::size_t);
 
 bool operator==(const SkinFrictionAndTipResistanceSectionV4& left, const SkinFrictionAndTipResistanceSectionV4& right) {
     return left.ZONINF == right.ZONINF && left.RFTZ == right.RFTZ && left.records == right.records;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include <TerrixExchange/archive/JsonArchive.h>
 #include <TerrixExchange/archive/SpiritExporter.h>
 #include <TerrixExchange/archive/SpiritImporter.h>
 
@@ -15,12 +16,17 @@ using Record = SkinFrictionAndTipResistanceSectionV5Record;
 
 template <class Archive>
 void Record::Serialize(Archive& archive) {
-    archive.Row(MAIN_LAYER, CALC_METH, SKINC_TOP, SKINC_BOT, SKINT_TOP, SKINT_BOT, SIGTIP_TOP, SIGTIP_BOT, G0_FACT,
-                TRES_TMAX, TZZRES);
+    // Skin friction, tip resistance and TZZRES are kept as written.
+    archive.Row(Column("MAIN LAYER", MAIN_LAYER), Column("CALC METH", CALC_METH), PlainNumber("SKINC TOP", SKINC_TOP),
+                PlainNumber("SKINC BOT", SKINC_BOT), PlainNumber("SKINT TOP", SKINT_TOP),
+                PlainNumber("SKINT BOT", SKINT_BOT), PlainNumber("SIGTIP TOP", SIGTIP_TOP),
+                PlainNumber("SIGTIP BOT", SIGTIP_BOT), Column("G0 FACT", G0_FACT), Column("TRES/TMAX", TRES_TMAX),
+                PlainNumber("TZZRES", TZZRES));
 }
 
 template void Record::Serialize(Importer&);
 template void Record::Serialize(Exporter&);
+template void Record::Serialize(JsonArchive&);
 
 bool operator==(const Record& left, const Record& right) {
     return left.MAIN_LAYER == right.MAIN_LAYER && left.CALC_METH == right.CALC_METH &&
@@ -54,6 +60,7 @@ void SkinFrictionAndTipResistanceSectionV5::Serialize(Archive& archive, std::siz
 
 template void SkinFrictionAndTipResistanceSectionV5::Serialize(Importer&, std::size_t);
 template void SkinFrictionAndTipResistanceSectionV5::Serialize(Exporter&, std::size_t);
+template void SkinFrictionAndTipResistanceSectionV5::Serialize(JsonArchive&, std::size_t);
 
 bool operator==(const SkinFrictionAndTipResistanceSectionV5& left, const SkinFrictionAndTipResistanceSectionV5& right) {
     return left.DIAMP == right.DIAMP && left.WALL == right.WALL && left.ZTIP == right.ZTIP &&

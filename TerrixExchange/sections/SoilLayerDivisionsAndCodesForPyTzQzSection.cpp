@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include <TerrixExchange/archive/JsonArchive.h>
 #include <TerrixExchange/archive/SpiritExporter.h>
 #include <TerrixExchange/archive/SpiritImporter.h>
 
@@ -37,11 +38,13 @@ bool Record::HasManualCodes() const { return PYCODE == 0 || TZCODE == 0 || QZCOD
 
 template <class Archive>
 void Record::Serialize(Archive& archive) {
-    archive.Row(LAYER1, LAYER2, TYP, ZBOTM, PYCODE, TZCODE, QZCODE);
+    archive.Row(Column("LAYER1", LAYER1), Column("LAYER2", LAYER2), Column("TYP", TYP), Column("ZBOTM", ZBOTM),
+                Column("PYCODE", PYCODE), Column("TZCODE", TZCODE), Column("QZCODE", QZCODE));
 }
 
 template void Record::Serialize(Importer&);
 template void Record::Serialize(Exporter&);
+template void Record::Serialize(JsonArchive&);
 
 bool operator==(const Record& left, const Record& right) {
     return left.LAYER1 == right.LAYER1 && left.LAYER2 == right.LAYER2 && left.TYP == right.TYP &&
@@ -98,6 +101,7 @@ void SoilLayerDivisionsAndCodesForPyTzQzSection::Serialize(Archive& archive, std
 
 template void SoilLayerDivisionsAndCodesForPyTzQzSection::Serialize(Importer&, std::size_t);
 template void SoilLayerDivisionsAndCodesForPyTzQzSection::Serialize(Exporter&, std::size_t);
+template void SoilLayerDivisionsAndCodesForPyTzQzSection::Serialize(JsonArchive&, std::size_t);
 
 bool operator==(const SoilLayerDivisionsAndCodesForPyTzQzSection& left,
                 const SoilLayerDivisionsAndCodesForPyTzQzSection& right) {

@@ -4,6 +4,7 @@
 #include <string>
 
 #include <TerrixExchange/archive/ImportError.h>
+#include <TerrixExchange/archive/JsonArchive.h>
 #include <TerrixExchange/archive/SpiritExporter.h>
 #include <TerrixExchange/archive/SpiritImporter.h>
 #include <TerrixExchange/document/Version.h>
@@ -20,15 +21,20 @@ const int layoutWithAK = static_cast<int>(Revision::WithAK);
 template <class Archive>
 void SoilMainLayersAndPropertiesSectionRecord::Serialize(Archive& archive, bool withAK) {
     // Eight columns of ten fill the 80 columns of a line.
-    archive.Row(MAIN, ZBOTM, GAMTOT, CPTTOP, CPTBOT, PHI, DR, SUTOP);
+    // Unit weight, CPT values and strengths are kept as written.
+    archive.Row(Column("MAIN LAYER", MAIN), Column("ZBOTM", ZBOTM), PlainNumber("GAMTOT", GAMTOT),
+                PlainNumber("CPTTOP", CPTTOP), PlainNumber("CPTBOT", CPTBOT), Column("PHI", PHI), Column("DR", DR),
+                PlainNumber("SUTOP", SUTOP));
     if (withAK)
-        archive.Row(SUBOT, IP, EPSC, API_J, AK);
+        archive.Row(PlainNumber("SUBOT", SUBOT), Column("IP", IP), Column("EPSC", EPSC), Column("API-J", API_J),
+                    PlainNumber("AK", AK));
     else
-        archive.Row(SUBOT, IP, EPSC, API_J);
+        archive.Row(PlainNumber("SUBOT", SUBOT), Column("IP", IP), Column("EPSC", EPSC), Column("API-J", API_J));
 }
 
 template void SoilMainLayersAndPropertiesSectionRecord::Serialize(Importer&, bool);
 template void SoilMainLayersAndPropertiesSectionRecord::Serialize(Exporter&, bool);
+template void SoilMainLayersAndPropertiesSectionRecord::Serialize(JsonArchive&, bool);
 
 template <class Archive>
 void SoilMainLayersAndPropertiesSection::SerializeTable(Archive& archive, std::size_t count) {
@@ -63,6 +69,7 @@ void SoilMainLayersAndPropertiesSection::Serialize(Archive& archive, std::size_t
 
 template void SoilMainLayersAndPropertiesSection::Serialize(Importer&, std::size_t);
 template void SoilMainLayersAndPropertiesSection::Serialize(Exporter&, std::size_t);
+template void SoilMainLayersAndPropertiesSection::Serialize(JsonArchive&, std::size_t);
 
 SoilMainLayersAndPropertiesSection::const_iterator SoilMainLayersAndPropertiesSection::FindLayer(
     const Layer& layer) const {

@@ -1,5 +1,6 @@
 #include <TerrixExchange/sections/SoilSurfaceAndGroundWaterSection.h>
 
+#include <TerrixExchange/archive/JsonArchive.h>
 #include <TerrixExchange/archive/SpiritExporter.h>
 #include <TerrixExchange/archive/SpiritImporter.h>
 #include <TerrixExchange/sections/ControlSection.h>
@@ -25,6 +26,7 @@ void SoilSurfaceAndGroundWaterSection::Serialize(Archive& archive) {
 
 template void SoilSurfaceAndGroundWaterSection::Serialize(Importer&);
 template void SoilSurfaceAndGroundWaterSection::Serialize(Exporter&);
+template void SoilSurfaceAndGroundWaterSection::Serialize(JsonArchive&);
 
 bool operator==(const SoilSurfaceAndGroundWaterSection& left, const SoilSurfaceAndGroundWaterSection& right) {
     return left.ZSURF == right.ZSURF && left.SCRGEN == right.SCRGEN && left.SCRLOC == right.SCRLOC &&

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include <TerrixExchange/archive/JsonArchive.h>
 #include <TerrixExchange/archive/SpiritExporter.h>
 #include <TerrixExchange/archive/SpiritImporter.h>
 
@@ -12,13 +13,16 @@ using namespace Units::Runtime;
 template <class Archive>
 void SoilTypeAndPropertySectionRecord::Serialize(Archive& archive) {
     // Eight columns of ten fill the 80 columns of a line.
-    archive.Row(TYP, GAMTOT, PHI, AsQuantity<ForcePerUnitAreaPhenomenon>(SU_Z0),
-                AsQuantity<ForcePerUnitAreaPhenomenon>(SU_Z100), EPSC, OCR, API_J);
-    archive.Row(GAP, RPRAT, TZZRES);
+    archive.Row(Column("TYP", TYP), Column("GAMTOT", GAMTOT), Column("PHI", PHI),
+                Column("SU.Z=0", AsQuantity<ForcePerUnitAreaPhenomenon>(SU_Z0)),
+                AtLevelInLengthUnit("SU.Z=100", AsQuantity<ForcePerUnitAreaPhenomenon>(SU_Z100)), Column("EPSC", EPSC),
+                Column("OCR", OCR), Column("API-J", API_J));
+    archive.Row(Column("GAP", GAP), Column("RPRAT", RPRAT), Column("TZZRES", TZZRES));
 }
 
 template void SoilTypeAndPropertySectionRecord::Serialize(Importer&);
 template void SoilTypeAndPropertySectionRecord::Serialize(Exporter&);
+template void SoilTypeAndPropertySectionRecord::Serialize(JsonArchive&);
 
 template <class Archive>
 void SoilTypeAndPropertySection::Serialize(Archive& archive, std::size_t count) {
@@ -30,6 +34,7 @@ void SoilTypeAndPropertySection::Serialize(Archive& archive, std::size_t count) 
 
 template void SoilTypeAndPropertySection::Serialize(Importer&, std::size_t);
 template void SoilTypeAndPropertySection::Serialize(Exporter&, std::size_t);
+template void SoilTypeAndPropertySection::Serialize(JsonArchive&, std::size_t);
 
 SoilTypeAndPropertySection::const_iterator SoilTypeAndPropertySection::FindLayer(const Layer& layer) const {
     return std::find_if(records.begin(), records.end(),

@@ -1,5 +1,6 @@
 #include <TerrixExchange/sections/TzSkinFrictionDataModificationSection.h>
 
+#include <TerrixExchange/archive/JsonArchive.h>
 #include <TerrixExchange/archive/SpiritExporter.h>
 #include <TerrixExchange/archive/SpiritImporter.h>
 
@@ -12,5 +13,6 @@ void TzSkinFrictionDataModificationSection::Serialize(Archive& archive, std::siz
 
 template void TzSkinFrictionDataModificationSection::Serialize(Importer&, std::size_t, std::size_t);
 template void TzSkinFrictionDataModificationSection::Serialize(Exporter&, std::size_t, std::size_t);
+template void TzSkinFrictionDataModificationSection::Serialize(JsonArchive&, std::size_t, std::size_t);
 
 }  // namespace TerrixExchange

@@ -20,10 +20,12 @@ struct TzModification : ModificationFactors<TzModification> {
     double T_RES_FCT = 1.0;  // factor on the residual T value
     double Z_RES_FCT = 1.0;  // factor on the Z value of the residual
 
+    // The factors under their column titles.
     template <class Self>
-    static auto Factors(Self& modification) {
-        return std::tie(modification.CMP_FCT, modification.TNS_FCT, modification.TZZ_FCT,
-                        modification.T_RES_FCT, modification.Z_RES_FCT);
+    static auto Columns(Self& modification) {
+        return std::make_tuple(Column("CMP-FCT", modification.CMP_FCT), Column("TNS-FCT", modification.TNS_FCT),
+                               Column("TZZ-FCT", modification.TZZ_FCT), Column("T-RES-FCT", modification.T_RES_FCT),
+                               Column("Z-RES-FCT", modification.Z_RES_FCT));
     }
 };
 

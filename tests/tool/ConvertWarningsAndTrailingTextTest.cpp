@@ -35,9 +35,15 @@ TEST_F(ConvertWarningsTest, EveryDimensionedColumnKeptAsWrittenIsNamedWhenItHold
     const std::string v4 = ExamplePath("north-sea-v4.terrix");
     const ToolRun fromV4 = Run({"convert", "--to", "N", "mm", v4});
     EXPECT_EQ(fromV4.status, 0);
-    EXPECT_EQ(fromV4.err, Warning(v4, axial, "SKIN-CMP") + Warning(v4, axial, "SKIN-TNS") +
+    // SU.Z=100 is the strength at level 100 in the length unit: named when
+    // the length unit changes, and only then.
+    const std::string atLevel100 = "terrix: " + v4 +
+                                   ": warning: profile #0: SOIL TYPE AND PROPERTY SECTION, column SU.Z=100: values "
+                                   "are given at a level in the length unit, which becomes mm instead of m\n";
+    EXPECT_EQ(fromV4.err, atLevel100 + Warning(v4, axial, "SKIN-CMP") + Warning(v4, axial, "SKIN-TNS") +
                               Warning(v4, axial, "G0-SOIL") + Warning(v4, axial, "SIG-TIP") +
                               Warning(v4, pyModifications, "Y-GAP"));
+    EXPECT_EQ(Run({"convert", "--to", "MN", "m", v4}).err.find("SU.Z=100"), std::string::npos);
 
     // Version 5: unit weight, CPT values, strengths and AK (1.2 for main
     // layer 4) of the main layer rows, the axial values and the same gap.

@@ -2,10 +2,10 @@
 #include <memory>
 #include <sstream>
 
+#include <TerrixExchange/archive/JsonArchive.h>
 #include <TerrixExchange/archive/SpiritExporter.h>
 
 #include "Commands.h"
-#include "PlainNumberColumns.h"
 #include "Profiles.h"
 #include "ToolError.h"
 
@@ -26,14 +26,24 @@ struct ConvertOptions {
 
 bool operator==(const UnitNames& a, const UnitNames& b) { return a.force == b.force && a.length == b.length; }
 
-// Names on standard error each column whose values the new units leave as
-// they were, so that no one is surprised by a file that means something else.
-void WarnOfPlainNumbers(const std::string& file, std::size_t index, const Terrix& profile, const UnitNames& from,
-                        const UnitNames& to) {
-    for (const PlainNumberColumn& column : NonZeroPlainNumberColumns(profile)) {
-        std::cerr << "terrix: " << file << ": warning: profile #" << index << ": " << column.section
-                  << ", column " << column.column << ": values are kept as written, not converted from " << from.force
-                  << " " << from.length << " to " << to.force << " " << to.length << std::endl;
+// Names on standard error each column whose numbers the new units leave
+// meaning something else, so that no one is surprised by a file that means
+// something else: the columns kept as written, and a column given at a level
+// in the length unit when the length unit changes.
+void WarnOfUnitBoundColumns(const std::string& file, std::size_t index, const Terrix& profile,
+                            const UnitNames& from, const UnitNames& to) {
+    using TerrixExchange::ColumnMeaning;
+    for (const TerrixExchange::UnitBoundColumn& column : TerrixExchange::FindUnitBoundColumns(profile)) {
+        const bool kept = column.meaning == ColumnMeaning::KeptAsWritten;
+        if (!kept && from.length == to.length) continue;
+        std::cerr << "terrix: " << file << ": warning: profile #" << index << ": " << column.section << ", column "
+                  << column.column << ": ";
+        if (kept)
+            std::cerr << "values are kept as written, not converted from " << from.force << " " << from.length
+                      << " to " << to.force << " " << to.length << std::endl;
+        else
+            std::cerr << "values are given at a level in the length unit, which becomes " << to.length
+                      << " instead of " << from.length << std::endl;
     }
 }
 
@@ -57,7 +67,7 @@ int RunConvert(const ConvertOptions& options) {
         Terrix& profile = profiles[chosen[k]];
         const UnitNames from = UnitsOf(profile);
         const UnitNames units = to ? *to : from;
-        if (!(units == from)) WarnOfPlainNumbers(options.file, chosen[k], profile, from, units);
+        if (!(units == from)) WarnOfUnitBoundColumns(options.file, chosen[k], profile, from, units);
         if (k > 0) {
             TerrixExchange::Exporter exporter(TerrixExchange::StreamSink(text), 10, boost::none);
             exporter.BlankLine();

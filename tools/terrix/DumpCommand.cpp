@@ -4,7 +4,6 @@
 #include "Json.h"
 #include "Profiles.h"
 #include "QueriesJson.h"
-#include "SectionsJson.h"
 
 namespace TerrixTool {
 
@@ -28,7 +27,7 @@ Json ProfileJson(const TerrixExchange::Terrix& profile, const TerrixExchange::So
     json["name"] = JsonText(NameOf(profile));
     json["header"] = JsonText(profile.GetHeader());
     json["units"] = Json{{"force", units.force}, {"length", units.length}};
-    json["sections"] = SectionsJson(profile);
+    json["sections"] = TerrixExchange::DescribeSections(profile);
     json["parameters"] = ParametersJson(profile);
     json["layers"] = LayersJson(profile, lines, !options.noSplit);
     return json;

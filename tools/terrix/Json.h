@@ -8,17 +8,16 @@
 #include <vector>
 
 #include <boost/optional.hpp>
-#include <nlohmann/json.hpp>
+#include <TerrixExchange/archive/JsonArchive.h>
 
 #include <TerrixPlatform/Units/Runtime/Quantity.h>
 
 namespace TerrixTool {
 
-using Json = nlohmann::ordered_json;
+using TerrixExchange::Json;
+using TerrixExchange::JsonNumber;
+using TerrixExchange::JsonText;
 
-// A number as JSON: finite values as numbers, NaN and the infinities as the
-// strings "NaN", "Infinity" and "-Infinity", which JSON has no numbers for.
-Json JsonNumber(double value);
 // A quantity by its value in database units (N and m).
 template <class Phenomenon>
 Json JsonNumber(TerrixExchange::Units::Runtime::Quantity<Phenomenon> value) {
@@ -39,11 +38,6 @@ Json JsonNumbers(const std::vector<Value>& values) {
     for (const Value& value : values) list.push_back(JsonNumber(value));
     return list;
 }
-
-// A text of the file as a JSON string. JSON text is UTF-8; a text that is
-// not (an old file's header in Latin-1, say "\xD8rsted") is taken as
-// Latin-1, so that every byte keeps its meaning instead of being dropped.
-Json JsonText(const std::string& text);
 
 // The text of a JSON value, indented by two blanks per level, a list of
 // plain values on one line ("[0.9, 1, 0]"), each real written with the

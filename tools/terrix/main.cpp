@@ -62,7 +62,9 @@ convert
   is given, in the units it was read in. With --to, the columns that the
   format keeps as plain numbers although they carry a dimension are not
   converted; each such column that holds a value other than 0 is named on
-  standard error. Nothing is written when the input does not import.
+  standard error, and so is SU.Z=100 of version 4 (the strength at level 100
+  in the length unit) when the length unit changes. Nothing is written when
+  the input does not import.
 
 --profile NAME picks the first profile of that name, #INDEX the profile at
 that place, counted from #0. --no-split (show, dump) gives the layers as
