@@ -1,5 +1,8 @@
 #pragma once
 
+#include <tuple>
+
+#include <TerrixExchange/sections/FieldEquality.h>
 #include <TerrixExchange/sections/BMthetaMomentDataModificationSection.h>
 #include <TerrixExchange/sections/BSYBaseShearDataModificationSection.h>
 #include <TerrixExchange/sections/ControlSection.h>
@@ -33,6 +36,22 @@ namespace TerrixExchange {
 struct TerrixInputData {
     TERRIX_ALLOCATION_OPERATORS
 
+    // Every section, for == and != (exact: a NaN equals nothing).
+    auto Fields() const {
+        return std::tie(controlSection, skinFrictionAndTipResistanceSectionV4, soilTypeAndPropertySection,
+                        soilLayerDivisionsAndCodesForPyTzQzSection, skinFrictionAndTipResistanceSectionV5,
+                        mainLayersSubdivisionAndPyTzQzCodesSection, soilMainLayersAndPropertiesSection,
+                        materialCoefficientsSection, pileDiametersAndGroupEffectsSection,
+                        soilSurfaceAndGroundWaterSection, loadsAtSoilSurfaceSection,
+                        manualPyLateralResistanceDataSection, pyLateralResistanceDataModificationSection,
+                        manualTzSkinFrictionDataSection, tzSkinFrictionDataModificationSection,
+                        manualQzPileTipResistanceDataSection, qzPileTipResistanceDataModificationSection,
+                        givenSoilDisplacementsAndOpenHoleSection, manualBMthetaMomentDataSection,
+                        bmThetaMomentDataModificationSection, manualBSYBaseShearDataSection,
+                        bsyBaseShearDataModificationSection, manualMthetaMomentDataSection,
+                        mthetaMomentDataModificationSection);
+    }
+
     ControlSection controlSection;
     SkinFrictionAndTipResistanceSectionV4 skinFrictionAndTipResistanceSectionV4;
     SoilTypeAndPropertySection soilTypeAndPropertySection;
@@ -58,9 +77,5 @@ struct TerrixInputData {
     ManualMthetaMomentDataSection manualMthetaMomentDataSection;
     MthetaMomentDataModificationSection mthetaMomentDataModificationSection;
 };
-
-// Section by section, every value exactly (a NaN equals nothing).
-bool operator==(const TerrixInputData& left, const TerrixInputData& right);
-bool operator!=(const TerrixInputData& left, const TerrixInputData& right);
 
 }  // namespace TerrixExchange

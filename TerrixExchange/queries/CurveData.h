@@ -2,7 +2,9 @@
 
 #include <cstdint>
 #include <map>
+#include <tuple>
 
+#include <TerrixExchange/sections/FieldEquality.h>
 #include <TerrixExchange/sections/BMthetaMomentDataModificationSection.h>
 #include <TerrixExchange/sections/BSYBaseShearDataModificationSection.h>
 #include <TerrixExchange/sections/ManualCurve.h>
@@ -38,13 +40,7 @@ struct BasicCodedCurveData {
     // pile diameter -> the factors that apply to the layer at that diameter
     std::map<Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>, Modification> modifications;
 
-    friend bool operator==(const BasicCodedCurveData& left, const BasicCodedCurveData& right) {
-        return left.code == right.code && left.manualCurves == right.manualCurves &&
-               left.modifications == right.modifications;
-    }
-    friend bool operator!=(const BasicCodedCurveData& left, const BasicCodedCurveData& right) {
-        return !(left == right);
-    }
+    auto Fields() const { return std::tie(code, manualCurves, modifications); }
 };
 
 // The M-theta, BS-Y and BM-theta data have no code: a layer has a manual
@@ -58,10 +54,7 @@ struct BasicCurveData {
     // pile diameter -> the factors that apply to the layer at that diameter
     std::map<Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>, Modification> modifications;
 
-    friend bool operator==(const BasicCurveData& left, const BasicCurveData& right) {
-        return left.manualCurves == right.manualCurves && left.modifications == right.modifications;
-    }
-    friend bool operator!=(const BasicCurveData& left, const BasicCurveData& right) { return !(left == right); }
+    auto Fields() const { return std::tie(manualCurves, modifications); }
 };
 
 // P-Y (lateral resistance).

@@ -26,11 +26,6 @@ void Layer::Merge(const Layer& other) {
     if (other.zBottom > zBottom) zBottom = other.zBottom;
 }
 
-bool operator==(const Layer& left, const Layer& right) {
-    return left.mainLayer == right.mainLayer && left.firstLayer == right.firstLayer &&
-           left.layerCount == right.layerCount && left.zTop == right.zTop && left.zBottom == right.zBottom;
-}
 
-bool operator!=(const Layer& left, const Layer& right) { return !(left == right); }
 
 }  // namespace TerrixExchange

@@ -2,7 +2,9 @@
 
 #include <cstdint>
 #include <vector>
+#include <tuple>
 
+#include <TerrixExchange/sections/FieldEquality.h>
 #include <TerrixPlatform/AllocationCallbacks/AllocationCallbacks.h>
 #include <TerrixPlatform/Units/Runtime/Quantity.h>
 
@@ -18,6 +20,9 @@ namespace TerrixExchange {
 // properties and curve data are looked up.
 struct Layer {
     TERRIX_ALLOCATION_OPERATORS
+
+    // Every member, for == and != (exact: a NaN equals nothing).
+    auto Fields() const { return std::tie(mainLayer, firstLayer, layerCount, zTop, zBottom); }
 
     // The key of the layer's soil properties: the soil type number (column
     // TYP) in a version 4 file, the main layer number (column MAIN) in a
@@ -43,7 +48,5 @@ struct Layer {
     void Merge(const Layer& other);
 };
 
-bool operator==(const Layer& left, const Layer& right);
-bool operator!=(const Layer& left, const Layer& right);
 
 }  // namespace TerrixExchange

@@ -42,17 +42,7 @@ void ControlSection::Serialize(Archive& archive) {
     archive.OptionalParameter(NUMBM, "NUMBM", "NUMBER OF LAYERS WITH BASE MOMENT. THIS FLAG IS OPTIONAL");
 }
 
-bool operator==(const ControlSection& left, const ControlSection& right) {
-    return left.version == right.version && left.profileName == right.profileName && left.CONFRC == right.CONFRC &&
-           left.CONLTH == right.CONLTH && left.NUMTYP == right.NUMTYP && left.NUMTQZ == right.NUMTQZ &&
-           left.NUMLAY == right.NUMLAY && left.MIDBOT == right.MIDBOT && left.NUMLAYM == right.NUMLAYM &&
-           left.NUMDSP == right.NUMDSP && left.GAMMAW == right.GAMMAW && left.ATMPRS == right.ATMPRS &&
-           left.ZCYCL == right.ZCYCL && left.SUSTIF == right.SUSTIF && left.JPRINT == right.JPRINT &&
-           left.JECHO == right.JECHO && left.NUMDM == right.NUMDM && left.NUMBS == right.NUMBS &&
-           left.NUMBM == right.NUMBM;
-}
 
-bool operator!=(const ControlSection& left, const ControlSection& right) { return !(left == right); }
 
 template void ControlSection::Serialize(Importer&);
 template void ControlSection::Serialize(Exporter&);

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <string>
+#include <tuple>
 
 #include <boost/optional.hpp>
 
+#include <TerrixExchange/sections/FieldEquality.h>
 #include <TerrixExchange/document/Version.h>
 #include <TerrixPlatform/AllocationCallbacks/AllocationCallbacks.h>
 #include <TerrixPlatform/Units/Runtime/Quantity.h>
@@ -15,6 +17,12 @@ namespace TerrixExchange {
 class ControlSection {
 public:
     TERRIX_ALLOCATION_OPERATORS
+
+    // Every member, for == and != (exact: a NaN equals nothing).
+    auto Fields() const {
+        return std::tie(version, profileName, CONFRC, CONLTH, NUMTYP, NUMTQZ, NUMLAY, MIDBOT, NUMLAYM, NUMDSP, GAMMAW,
+                        ATMPRS, ZCYCL, SUSTIF, JPRINT, JECHO, NUMDM, NUMBS, NUMBM);
+    }
 
     explicit ControlSection(Version version = Version::V4);
 
@@ -54,7 +62,5 @@ public:
 };
 
 // Member by member, exactly.
-bool operator==(const ControlSection& left, const ControlSection& right);
-bool operator!=(const ControlSection& left, const ControlSection& right);
 
 }  // namespace TerrixExchange

@@ -30,25 +30,8 @@ template void GivenSoilDisplacementsAndOpenHoleSection::Serialize(Importer&, std
 template void GivenSoilDisplacementsAndOpenHoleSection::Serialize(Exporter&, std::size_t);
 template void GivenSoilDisplacementsAndOpenHoleSection::Serialize(JsonArchive&, std::size_t);
 
-bool operator==(const GivenSoilDisplacementsAndOpenHoleSectionRecord& left,
-                const GivenSoilDisplacementsAndOpenHoleSectionRecord& right) {
-    return left.ZLEV == right.ZLEV && left.DSP_X == right.DSP_X && left.DSP_Y == right.DSP_Y &&
-           left.DSP_Z == right.DSP_Z && left.HOLE_DIAM == right.HOLE_DIAM;
-}
 
-bool operator!=(const GivenSoilDisplacementsAndOpenHoleSectionRecord& left,
-                const GivenSoilDisplacementsAndOpenHoleSectionRecord& right) {
-    return !(left == right);
-}
 
-bool operator==(const GivenSoilDisplacementsAndOpenHoleSection& left,
-                const GivenSoilDisplacementsAndOpenHoleSection& right) {
-    return left.records == right.records;
-}
 
-bool operator!=(const GivenSoilDisplacementsAndOpenHoleSection& left,
-                const GivenSoilDisplacementsAndOpenHoleSection& right) {
-    return !(left == right);
-}
 
 }  // namespace TerrixExchange

@@ -2,7 +2,9 @@
 
 #include <cstddef>
 #include <vector>
+#include <tuple>
 
+#include <TerrixExchange/sections/FieldEquality.h>
 #include <TerrixPlatform/AllocationCallbacks/AllocationCallbacks.h>
 #include <TerrixPlatform/Units/Runtime/Quantity.h>
 
@@ -17,6 +19,9 @@ class GivenSoilDisplacementsAndOpenHoleSectionRecord {
 public:
     TERRIX_ALLOCATION_OPERATORS
 
+    // Every member, for == and != (exact: a NaN equals nothing).
+    auto Fields() const { return std::tie(ZLEV, DSP_X, DSP_Y, DSP_Z, HOLE_DIAM); }
+
     template <class Archive>
     void Serialize(Archive& archive);
 
@@ -29,10 +34,6 @@ public:
     double HOLE_DIAM = 0.0;
 };
 
-bool operator==(const GivenSoilDisplacementsAndOpenHoleSectionRecord& left,
-                const GivenSoilDisplacementsAndOpenHoleSectionRecord& right);
-bool operator!=(const GivenSoilDisplacementsAndOpenHoleSectionRecord& left,
-                const GivenSoilDisplacementsAndOpenHoleSectionRecord& right);
 
 // "GIVEN SOIL DISPLACEMENTS AND OPEN HOLE SECTION", the last section of a
 // profile in both versions: the rows in file order, whatever the order of
@@ -42,15 +43,14 @@ class GivenSoilDisplacementsAndOpenHoleSection {
 public:
     TERRIX_ALLOCATION_OPERATORS
 
+    // Every member, for == and != (exact: a NaN equals nothing).
+    auto Fields() const { return std::tie(records); }
+
     template <class Archive>
     void Serialize(Archive& archive, std::size_t count);
 
     std::vector<GivenSoilDisplacementsAndOpenHoleSectionRecord> records;
 };
 
-bool operator==(const GivenSoilDisplacementsAndOpenHoleSection& left,
-                const GivenSoilDisplacementsAndOpenHoleSection& right);
-bool operator!=(const GivenSoilDisplacementsAndOpenHoleSection& left,
-                const GivenSoilDisplacementsAndOpenHoleSection& right);
 
 }  // namespace TerrixExchange

@@ -30,14 +30,6 @@ template void LoadsAtSoilSurfaceSection::Serialize(Importer&);
 template void LoadsAtSoilSurfaceSection::Serialize(Exporter&);
 template void LoadsAtSoilSurfaceSection::Serialize(JsonArchive&);
 
-bool operator==(const LoadsAtSoilSurfaceSection& left, const LoadsAtSoilSurfaceSection& right) {
-    return left.SIGSRF == right.SIGSRF && left.DPEMB == right.DPEMB && left.AEMB == right.AEMB &&
-           left.BEMB == right.BEMB && left.DPCIRC == right.DPCIRC && left.RADIUS == right.RADIUS &&
-           left.pointForces == right.pointForces && left.distances == right.distances;
-}
 
-bool operator!=(const LoadsAtSoilSurfaceSection& left, const LoadsAtSoilSurfaceSection& right) {
-    return !(left == right);
-}
 
 }  // namespace TerrixExchange

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <vector>
+#include <tuple>
 
+#include <TerrixExchange/sections/FieldEquality.h>
 #include <TerrixPlatform/AllocationCallbacks/AllocationCallbacks.h>
 #include <TerrixPlatform/Units/Runtime/Quantity.h>
 
@@ -14,6 +16,9 @@ namespace TerrixExchange {
 class LoadsAtSoilSurfaceSection {
 public:
     TERRIX_ALLOCATION_OPERATORS
+
+    // Every member, for == and != (exact: a NaN equals nothing).
+    auto Fields() const { return std::tie(SIGSRF, DPEMB, AEMB, BEMB, DPCIRC, RADIUS, pointForces, distances); }
 
     // The file's NUMFRC is not kept: it is the number of point forces, and
     // the file gives as many distances. Both vectors are to have the same
@@ -41,7 +46,5 @@ public:
     std::vector<Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>> distances;
 };
 
-bool operator==(const LoadsAtSoilSurfaceSection& left, const LoadsAtSoilSurfaceSection& right);
-bool operator!=(const LoadsAtSoilSurfaceSection& left, const LoadsAtSoilSurfaceSection& right);
 
 }  // namespace TerrixExchange

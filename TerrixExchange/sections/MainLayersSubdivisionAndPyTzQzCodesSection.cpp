@@ -44,13 +44,7 @@ template void Record::Serialize(Importer&);
 template void Record::Serialize(Exporter&);
 template void Record::Serialize(JsonArchive&);
 
-bool operator==(const Record& left, const Record& right) {
-    return left.MAIN_LAYER == right.MAIN_LAYER && left.ZBOTM == right.ZBOTM &&
-           left.SUBDIVISION == right.SUBDIVISION && left.PYCODE == right.PYCODE && left.TZCODE == right.TZCODE &&
-           left.QZCODE == right.QZCODE && left.OPEN_HOLE == right.OPEN_HOLE && left.MISC_VALUES == right.MISC_VALUES;
-}
 
-bool operator!=(const Record& left, const Record& right) { return !(left == right); }
 
 std::vector<Layer> MainLayersSubdivisionAndPyTzQzCodesSection::GetLayers(Quantity<LengthPhenomenon> top) const {
     std::vector<Layer> layers;
@@ -105,14 +99,6 @@ template void MainLayersSubdivisionAndPyTzQzCodesSection::Serialize(Importer&, s
 template void MainLayersSubdivisionAndPyTzQzCodesSection::Serialize(Exporter&, std::size_t);
 template void MainLayersSubdivisionAndPyTzQzCodesSection::Serialize(JsonArchive&, std::size_t);
 
-bool operator==(const MainLayersSubdivisionAndPyTzQzCodesSection& left,
-                const MainLayersSubdivisionAndPyTzQzCodesSection& right) {
-    return left.NUMPIL == right.NUMPIL && left.records == right.records;
-}
 
-bool operator!=(const MainLayersSubdivisionAndPyTzQzCodesSection& left,
-                const MainLayersSubdivisionAndPyTzQzCodesSection& right) {
-    return !(left == right);
-}
 
 }  // namespace TerrixExchange

@@ -3,7 +3,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <vector>
+#include <tuple>
 
+#include <TerrixExchange/sections/FieldEquality.h>
 #include <TerrixExchange/queries/Layer.h>
 #include <TerrixPlatform/AllocationCallbacks/AllocationCallbacks.h>
 #include <TerrixPlatform/Units/Runtime/Quantity.h>
@@ -17,6 +19,11 @@ namespace TerrixExchange {
 class MainLayersSubdivisionAndPyTzQzCodesSectionRecord {
 public:
     TERRIX_ALLOCATION_OPERATORS
+
+    // Every member, for == and != (exact: a NaN equals nothing).
+    auto Fields() const {
+        return std::tie(MAIN_LAYER, ZBOTM, SUBDIVISION, PYCODE, TZCODE, QZCODE, OPEN_HOLE, MISC_VALUES);
+    }
 
     // The main layer as one layer from `top` down to ZBOTM, its numbered
     // layers starting at `firstLayer`.
@@ -38,10 +45,6 @@ public:
     std::vector<double> MISC_VALUES;
 };
 
-bool operator==(const MainLayersSubdivisionAndPyTzQzCodesSectionRecord& left,
-                const MainLayersSubdivisionAndPyTzQzCodesSectionRecord& right);
-bool operator!=(const MainLayersSubdivisionAndPyTzQzCodesSectionRecord& left,
-                const MainLayersSubdivisionAndPyTzQzCodesSectionRecord& right);
 
 // "MAIN LAYERS SUBDIVISION AND P-Y/T-Z/Q-Z CODES SECTION": the layers of a
 // version 5 file, one record per main soil layer, top to bottom. The file
@@ -49,6 +52,9 @@ bool operator!=(const MainLayersSubdivisionAndPyTzQzCodesSectionRecord& left,
 class MainLayersSubdivisionAndPyTzQzCodesSection {
 public:
     TERRIX_ALLOCATION_OPERATORS
+
+    // Every member, for == and != (exact: a NaN equals nothing).
+    auto Fields() const { return std::tie(NUMPIL, records); }
 
     using Record = MainLayersSubdivisionAndPyTzQzCodesSectionRecord;
     using const_iterator = std::vector<Record>::const_iterator;
@@ -78,9 +84,5 @@ public:
     std::vector<Record> records;
 };
 
-bool operator==(const MainLayersSubdivisionAndPyTzQzCodesSection& left,
-                const MainLayersSubdivisionAndPyTzQzCodesSection& right);
-bool operator!=(const MainLayersSubdivisionAndPyTzQzCodesSection& left,
-                const MainLayersSubdivisionAndPyTzQzCodesSection& right);
 
 }  // namespace TerrixExchange

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <map>
+#include <tuple>
 
+#include <TerrixExchange/sections/FieldEquality.h>
 #include <TerrixPlatform/AllocationCallbacks/AllocationCallbacks.h>
 
 namespace TerrixExchange {
@@ -20,10 +22,7 @@ struct BasicManualCurve {
     // displacement -> resistance
     std::map<double, double> points;
 
-    friend bool operator==(const BasicManualCurve& left, const BasicManualCurve& right) {
-        return left.points == right.points;
-    }
-    friend bool operator!=(const BasicManualCurve& left, const BasicManualCurve& right) { return !(left == right); }
+    auto Fields() const { return std::tie(points); }
 };
 
 namespace ManualCurveKinds {

@@ -4,7 +4,9 @@
 #include <cstddef>
 #include <stdexcept>
 #include <vector>
+#include <tuple>
 
+#include <TerrixExchange/sections/FieldEquality.h>
 #include <TerrixExchange/archive/ArchiveFields.h>
 #include <TerrixExchange/sections/ManualCurve.h>
 #include <TerrixPlatform/AllocationCallbacks/AllocationCallbacks.h>
@@ -56,13 +58,7 @@ public:
     std::vector<double> resistances;
     std::vector<double> displacements;
 
-    friend bool operator==(const BasicManualCurveSectionRecord& left, const BasicManualCurveSectionRecord& right) {
-        return left.LAY == right.LAY && left.DIAM == right.DIAM && left.resistances == right.resistances &&
-               left.displacements == right.displacements;
-    }
-    friend bool operator!=(const BasicManualCurveSectionRecord& left, const BasicManualCurveSectionRecord& right) {
-        return !(left == right);
-    }
+    auto Fields() const { return std::tie(LAY, DIAM, resistances, displacements); }
 };
 
 template <class Kind>
@@ -92,12 +88,7 @@ public:
     // The curves in file order.
     std::vector<Record> records;
 
-    friend bool operator==(const BasicManualCurveSection& left, const BasicManualCurveSection& right) {
-        return left.records == right.records;
-    }
-    friend bool operator!=(const BasicManualCurveSection& left, const BasicManualCurveSection& right) {
-        return !(left == right);
-    }
+    auto Fields() const { return std::tie(records); }
 
 protected:
     // Whether GetManualCurve finds a curve. The sections whose curves are

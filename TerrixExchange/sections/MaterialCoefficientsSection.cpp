@@ -19,13 +19,6 @@ template void MaterialCoefficientsSection::Serialize(Importer&);
 template void MaterialCoefficientsSection::Serialize(Exporter&);
 template void MaterialCoefficientsSection::Serialize(JsonArchive&);
 
-bool operator==(const MaterialCoefficientsSection& left, const MaterialCoefficientsSection& right) {
-    return left.SFTPHI == right.SFTPHI && left.SFSU == right.SFSU && left.SFSKF == right.SFSKF &&
-           left.SFSIGT == right.SFSIGT;
-}
 
-bool operator!=(const MaterialCoefficientsSection& left, const MaterialCoefficientsSection& right) {
-    return !(left == right);
-}
 
 }  // namespace TerrixExchange

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <tuple>
+
+#include <TerrixExchange/sections/FieldEquality.h>
 #include <TerrixPlatform/AllocationCallbacks/AllocationCallbacks.h>
 
 namespace TerrixExchange {
@@ -11,6 +14,9 @@ class MaterialCoefficientsSection {
 public:
     TERRIX_ALLOCATION_OPERATORS
 
+    // Every member, for == and != (exact: a NaN equals nothing).
+    auto Fields() const { return std::tie(SFTPHI, SFSU, SFSKF, SFSIGT); }
+
     template <class Archive>
     void Serialize(Archive& archive);
 
@@ -20,7 +26,5 @@ public:
     double SFSIGT = 1.0;  // on the pile tip resistance
 };
 
-bool operator==(const MaterialCoefficientsSection& left, const MaterialCoefficientsSection& right);
-bool operator!=(const MaterialCoefficientsSection& left, const MaterialCoefficientsSection& right);
 
 }  // namespace TerrixExchange

@@ -7,6 +7,7 @@
 
 #include <boost/optional.hpp>
 
+#include <TerrixExchange/sections/FieldEquality.h>
 #include <TerrixExchange/archive/ArchiveFields.h>
 #include <TerrixExchange/sections/ModificationSectionRecord.h>
 #include <TerrixPlatform/AllocationCallbacks/AllocationCallbacks.h>
@@ -71,13 +72,7 @@ public:
 
     Modification modification;
 
-    friend bool operator==(const BasicModificationSectionRecord& left, const BasicModificationSectionRecord& right) {
-        return static_cast<const ModificationSectionRecord&>(left) == right &&
-               left.modification == right.modification;
-    }
-    friend bool operator!=(const BasicModificationSectionRecord& left, const BasicModificationSectionRecord& right) {
-        return !(left == right);
-    }
+    auto Fields() const { return std::tuple_cat(ModificationSectionRecord::Fields(), std::tie(modification)); }
 
 private:
     // Sets the exporter's column width for one row and gives the previous
@@ -137,12 +132,7 @@ public:
     // The rows in file order.
     std::vector<Record> records;
 
-    friend bool operator==(const BasicModificationSection& left, const BasicModificationSection& right) {
-        return left.records == right.records;
-    }
-    friend bool operator!=(const BasicModificationSection& left, const BasicModificationSection& right) {
-        return !(left == right);
-    }
+    auto Fields() const { return std::tie(records); }
 
 protected:
     // The first row, in file order, that covers the layer, whatever its

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstddef>
+#include <tuple>
 
+#include <TerrixExchange/sections/FieldEquality.h>
 #include <TerrixPlatform/AllocationCallbacks/AllocationCallbacks.h>
 #include <TerrixPlatform/Units/Runtime/Quantity.h>
 
@@ -29,12 +31,8 @@ public:
     int LAY2 = 0;
     Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon> DIAM;
 
-    friend bool operator==(const ModificationSectionRecord& left, const ModificationSectionRecord& right) {
-        return left.LAY1 == right.LAY1 && left.LAY2 == right.LAY2 && left.DIAM == right.DIAM;
-    }
-    friend bool operator!=(const ModificationSectionRecord& left, const ModificationSectionRecord& right) {
-        return !(left == right);
-    }
+    // The columns that every modification row starts with, for == and !=.
+    auto Fields() const { return std::tie(LAY1, LAY2, DIAM); }
 
 private:
     bool IsAllLayers() const { return LAY1 == 0 && LAY2 == 0; }

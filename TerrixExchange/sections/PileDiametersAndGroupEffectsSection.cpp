@@ -25,13 +25,6 @@ template void PileDiametersAndGroupEffectsSection::Serialize(Importer&, bool);
 template void PileDiametersAndGroupEffectsSection::Serialize(Exporter&, bool);
 template void PileDiametersAndGroupEffectsSection::Serialize(JsonArchive&, bool);
 
-bool operator==(const PileDiametersAndGroupEffectsSection& left, const PileDiametersAndGroupEffectsSection& right) {
-    return left.diameters == right.diameters && left.ESOL0 == right.ESOL0 && left.ESOL1 == right.ESOL1 &&
-           left.EVHRAT == right.EVHRAT && left.POSAVR == right.POSAVR;
-}
 
-bool operator!=(const PileDiametersAndGroupEffectsSection& left, const PileDiametersAndGroupEffectsSection& right) {
-    return !(left == right);
-}
 
 }  // namespace TerrixExchange

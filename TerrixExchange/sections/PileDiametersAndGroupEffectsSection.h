@@ -1,7 +1,9 @@
 #pragma once
 
 #include <vector>
+#include <tuple>
 
+#include <TerrixExchange/sections/FieldEquality.h>
 #include <TerrixPlatform/AllocationCallbacks/AllocationCallbacks.h>
 #include <TerrixPlatform/Units/Runtime/Quantity.h>
 
@@ -14,6 +16,9 @@ namespace TerrixExchange {
 class PileDiametersAndGroupEffectsSection {
 public:
     TERRIX_ALLOCATION_OPERATORS
+
+    // Every member, for == and != (exact: a NaN equals nothing).
+    auto Fields() const { return std::tie(diameters, ESOL0, ESOL1, EVHRAT, POSAVR); }
 
     // The file's NUMDIA is not kept: it is the number of diameters. EVHRAT
     // is a line of version 5 files only.
@@ -34,7 +39,5 @@ public:
     double POSAVR = 0.0;
 };
 
-bool operator==(const PileDiametersAndGroupEffectsSection& left, const PileDiametersAndGroupEffectsSection& right);
-bool operator!=(const PileDiametersAndGroupEffectsSection& left, const PileDiametersAndGroupEffectsSection& right);
 
 }  // namespace TerrixExchange

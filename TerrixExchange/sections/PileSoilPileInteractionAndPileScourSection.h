@@ -2,7 +2,9 @@
 
 #include <string>
 #include <vector>
+#include <tuple>
 
+#include <TerrixExchange/sections/FieldEquality.h>
 #include <TerrixPlatform/AllocationCallbacks/AllocationCallbacks.h>
 
 namespace TerrixExchange {
@@ -14,15 +16,14 @@ class PileSoilPileInteractionAndPileScourSectionRecord {
 public:
     TERRIX_ALLOCATION_OPERATORS
 
+    // Every member, for == and != (exact: a NaN equals nothing).
+    auto Fields() const { return std::tie(number, text, value); }
+
     int number = 0;
     std::string text;
     double value = 0.0;
 };
 
-bool operator==(const PileSoilPileInteractionAndPileScourSectionRecord& left,
-                const PileSoilPileInteractionAndPileScourSectionRecord& right);
-bool operator!=(const PileSoilPileInteractionAndPileScourSectionRecord& left,
-                const PileSoilPileInteractionAndPileScourSectionRecord& right);
 
 // Pile-soil-pile interaction and pile scour data: its rows in the order
 // they were given. It has no place in the file layout, so no Serialize.
@@ -30,12 +31,11 @@ class PileSoilPileInteractionAndPileScourSection {
 public:
     TERRIX_ALLOCATION_OPERATORS
 
+    // Every member, for == and != (exact: a NaN equals nothing).
+    auto Fields() const { return std::tie(records); }
+
     std::vector<PileSoilPileInteractionAndPileScourSectionRecord> records;
 };
 
-bool operator==(const PileSoilPileInteractionAndPileScourSection& left,
-                const PileSoilPileInteractionAndPileScourSection& right);
-bool operator!=(const PileSoilPileInteractionAndPileScourSection& left,
-                const PileSoilPileInteractionAndPileScourSection& right);
 
 }  // namespace TerrixExchange

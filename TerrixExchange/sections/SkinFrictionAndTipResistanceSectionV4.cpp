@@ -37,13 +37,7 @@ template void Record::Serialize(Importer&);
 template void Record::Serialize(Exporter&);
 template void Record::Serialize(JsonArchive&);
 
-bool operator==(const Record& left, const Record& right) {
-    return left.ZLEV == right.ZLEV && left.SKIN_CMP == right.SKIN_CMP && left.SKIN_TNS == right.SKIN_TNS &&
-           left.G0_SOIL == right.G0_SOIL && left.DSPTZ_DIAM == right.DSPTZ_DIAM && left.SIG_TIP == right.SIG_TIP &&
-           left.POIS == right.POIS && left.DSPQZ_DIAM == right.DSPQZ_DIAM;
-}
 
-bool operator!=(const Record& left, const Record& right) { return !(left == right); }
 
 std::pair<SkinFrictionAndTipResistanceSectionV4::const_iterator, SkinFrictionAndTipResistanceSectionV4::const_iterator>
 SkinFrictionAndTipResistanceSectionV4::EqualRange(const Layer& layer) const {
@@ -81,12 +75,6 @@ template void SkinFrictionAndTipResistanceSectionV4::Serialize(Importer&, std::s
 template void SkinFrictionAndTipResistanceSectionV4::Serialize(Exporter&, std::size_t);
 template void SkinFrictionAndTipResistanceSectionV4::Serialize(JsonArchive&, std::size_t);
 
-bool operator==(const SkinFrictionAndTipResistanceSectionV4& left, const SkinFrictionAndTipResistanceSectionV4& right) {
-    return left.ZONINF == right.ZONINF && left.RFTZ == right.RFTZ && left.records == right.records;
-}
 
-bool operator!=(const SkinFrictionAndTipResistanceSectionV4& left, const SkinFrictionAndTipResistanceSectionV4& right) {
-    return !(left == right);
-}
 
 }  // namespace TerrixExchange

@@ -3,9 +3,11 @@
 #include <cstddef>
 #include <utility>
 #include <vector>
+#include <tuple>
 
 #include <boost/optional.hpp>
 
+#include <TerrixExchange/sections/FieldEquality.h>
 #include <TerrixExchange/queries/Layer.h>
 #include <TerrixPlatform/AllocationCallbacks/AllocationCallbacks.h>
 #include <TerrixPlatform/Units/Runtime/Quantity.h>
@@ -18,6 +20,9 @@ namespace TerrixExchange {
 class SkinFrictionAndTipResistanceSectionV4Record {
 public:
     TERRIX_ALLOCATION_OPERATORS
+
+    // Every member, for == and != (exact: a NaN equals nothing).
+    auto Fields() const { return std::tie(ZLEV, SKIN_CMP, SKIN_TNS, G0_SOIL, DSPTZ_DIAM, SIG_TIP, POIS, DSPQZ_DIAM); }
 
     // Where the level stands against the middle of a layer, (zTop + zBottom)
     // / 2. A level exactly at the middle is neither above nor below it.
@@ -45,10 +50,6 @@ public:
     double DSPQZ_DIAM = 0.0;
 };
 
-bool operator==(const SkinFrictionAndTipResistanceSectionV4Record& left,
-                const SkinFrictionAndTipResistanceSectionV4Record& right);
-bool operator!=(const SkinFrictionAndTipResistanceSectionV4Record& left,
-                const SkinFrictionAndTipResistanceSectionV4Record& right);
 
 // "SKIN FRICTION AND TIP RESISTANCE (T-Z/Q-Z) SECTION" of a version 4 file:
 // axial soil data at depth levels, in file order (by increasing depth). A
@@ -57,6 +58,9 @@ bool operator!=(const SkinFrictionAndTipResistanceSectionV4Record& left,
 class SkinFrictionAndTipResistanceSectionV4 {
 public:
     TERRIX_ALLOCATION_OPERATORS
+
+    // Every member, for == and != (exact: a NaN equals nothing).
+    auto Fields() const { return std::tie(ZONINF, RFTZ, records); }
 
     using Record = SkinFrictionAndTipResistanceSectionV4Record;
     using const_iterator = std::vector<Record>::const_iterator;
@@ -81,7 +85,5 @@ public:
     std::vector<Record> records;
 };
 
-bool operator==(const SkinFrictionAndTipResistanceSectionV4& left, const SkinFrictionAndTipResistanceSectionV4& right);
-bool operator!=(const SkinFrictionAndTipResistanceSectionV4& left, const SkinFrictionAndTipResistanceSectionV4& right);
 
 }  // namespace TerrixExchange

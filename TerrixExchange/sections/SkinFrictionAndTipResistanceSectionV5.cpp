@@ -28,15 +28,7 @@ template void Record::Serialize(Importer&);
 template void Record::Serialize(Exporter&);
 template void Record::Serialize(JsonArchive&);
 
-bool operator==(const Record& left, const Record& right) {
-    return left.MAIN_LAYER == right.MAIN_LAYER && left.CALC_METH == right.CALC_METH &&
-           left.SKINC_TOP == right.SKINC_TOP && left.SKINC_BOT == right.SKINC_BOT &&
-           left.SKINT_TOP == right.SKINT_TOP && left.SKINT_BOT == right.SKINT_BOT &&
-           left.SIGTIP_TOP == right.SIGTIP_TOP && left.SIGTIP_BOT == right.SIGTIP_BOT &&
-           left.G0_FACT == right.G0_FACT && left.TRES_TMAX == right.TRES_TMAX && left.TZZRES == right.TZZRES;
-}
 
-bool operator!=(const Record& left, const Record& right) { return !(left == right); }
 
 SkinFrictionAndTipResistanceSectionV5::const_iterator SkinFrictionAndTipResistanceSectionV5::FindLayer(
     const Layer& layer) const {
@@ -62,13 +54,6 @@ template void SkinFrictionAndTipResistanceSectionV5::Serialize(Importer&, std::s
 template void SkinFrictionAndTipResistanceSectionV5::Serialize(Exporter&, std::size_t);
 template void SkinFrictionAndTipResistanceSectionV5::Serialize(JsonArchive&, std::size_t);
 
-bool operator==(const SkinFrictionAndTipResistanceSectionV5& left, const SkinFrictionAndTipResistanceSectionV5& right) {
-    return left.DIAMP == right.DIAMP && left.WALL == right.WALL && left.ZTIP == right.ZTIP &&
-           left.MATPIL == right.MATPIL && left.records == right.records;
-}
 
-bool operator!=(const SkinFrictionAndTipResistanceSectionV5& left, const SkinFrictionAndTipResistanceSectionV5& right) {
-    return !(left == right);
-}
 
 }  // namespace TerrixExchange

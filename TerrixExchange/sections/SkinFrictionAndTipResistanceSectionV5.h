@@ -3,7 +3,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <vector>
+#include <tuple>
 
+#include <TerrixExchange/sections/FieldEquality.h>
 #include <TerrixExchange/queries/Layer.h>
 #include <TerrixPlatform/AllocationCallbacks/AllocationCallbacks.h>
 #include <TerrixPlatform/Units/Runtime/Quantity.h>
@@ -16,6 +18,12 @@ namespace TerrixExchange {
 class SkinFrictionAndTipResistanceSectionV5Record {
 public:
     TERRIX_ALLOCATION_OPERATORS
+
+    // Every member, for == and != (exact: a NaN equals nothing).
+    auto Fields() const {
+        return std::tie(MAIN_LAYER, CALC_METH, SKINC_TOP, SKINC_BOT, SKINT_TOP, SKINT_BOT, SIGTIP_TOP, SIGTIP_BOT,
+                        G0_FACT, TRES_TMAX, TZZRES);
+    }
 
     template <class Archive>
     void Serialize(Archive& archive);
@@ -40,10 +48,6 @@ public:
     double TZZRES = 0.0;
 };
 
-bool operator==(const SkinFrictionAndTipResistanceSectionV5Record& left,
-                const SkinFrictionAndTipResistanceSectionV5Record& right);
-bool operator!=(const SkinFrictionAndTipResistanceSectionV5Record& left,
-                const SkinFrictionAndTipResistanceSectionV5Record& right);
 
 // "SKIN FRICTION AND TIP RESISTANCE (T-Z/Q-Z) SECTION" of a version 5 file:
 // the pile of the axial capacity calculation, then axial soil data per main
@@ -51,6 +55,9 @@ bool operator!=(const SkinFrictionAndTipResistanceSectionV5Record& left,
 class SkinFrictionAndTipResistanceSectionV5 {
 public:
     TERRIX_ALLOCATION_OPERATORS
+
+    // Every member, for == and != (exact: a NaN equals nothing).
+    auto Fields() const { return std::tie(DIAMP, WALL, ZTIP, MATPIL, records); }
 
     using Record = SkinFrictionAndTipResistanceSectionV5Record;
     using const_iterator = std::vector<Record>::const_iterator;
@@ -71,7 +78,5 @@ public:
     std::vector<Record> records;
 };
 
-bool operator==(const SkinFrictionAndTipResistanceSectionV5& left, const SkinFrictionAndTipResistanceSectionV5& right);
-bool operator!=(const SkinFrictionAndTipResistanceSectionV5& left, const SkinFrictionAndTipResistanceSectionV5& right);
 
 }  // namespace TerrixExchange

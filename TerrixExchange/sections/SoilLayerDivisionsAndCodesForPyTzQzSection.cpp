@@ -46,13 +46,7 @@ template void Record::Serialize(Importer&);
 template void Record::Serialize(Exporter&);
 template void Record::Serialize(JsonArchive&);
 
-bool operator==(const Record& left, const Record& right) {
-    return left.LAYER1 == right.LAYER1 && left.LAYER2 == right.LAYER2 && left.TYP == right.TYP &&
-           left.ZBOTM == right.ZBOTM && left.PYCODE == right.PYCODE && left.TZCODE == right.TZCODE &&
-           left.QZCODE == right.QZCODE;
-}
 
-bool operator!=(const Record& left, const Record& right) { return !(left == right); }
 
 std::vector<Layer> SoilLayerDivisionsAndCodesForPyTzQzSection::GetLayers(Quantity<LengthPhenomenon> top) const {
     std::vector<Layer> layers;
@@ -103,14 +97,6 @@ template void SoilLayerDivisionsAndCodesForPyTzQzSection::Serialize(Importer&, s
 template void SoilLayerDivisionsAndCodesForPyTzQzSection::Serialize(Exporter&, std::size_t);
 template void SoilLayerDivisionsAndCodesForPyTzQzSection::Serialize(JsonArchive&, std::size_t);
 
-bool operator==(const SoilLayerDivisionsAndCodesForPyTzQzSection& left,
-                const SoilLayerDivisionsAndCodesForPyTzQzSection& right) {
-    return left.records == right.records;
-}
 
-bool operator!=(const SoilLayerDivisionsAndCodesForPyTzQzSection& left,
-                const SoilLayerDivisionsAndCodesForPyTzQzSection& right) {
-    return !(left == right);
-}
 
 }  // namespace TerrixExchange

@@ -3,9 +3,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <vector>
+#include <tuple>
 
 #include <boost/function.hpp>
 
+#include <TerrixExchange/sections/FieldEquality.h>
 #include <TerrixExchange/queries/Layer.h>
 #include <TerrixPlatform/AllocationCallbacks/AllocationCallbacks.h>
 #include <TerrixPlatform/Units/Runtime/Quantity.h>
@@ -18,6 +20,9 @@ namespace TerrixExchange {
 class SoilLayerDivisionsAndCodesForPyTzQzSectionRecord {
 public:
     TERRIX_ALLOCATION_OPERATORS
+
+    // Every member, for == and != (exact: a NaN equals nothing).
+    auto Fields() const { return std::tie(LAYER1, LAYER2, TYP, ZBOTM, PYCODE, TZCODE, QZCODE); }
 
     // The division as one layer from `top` down to ZBOTM; the soil type
     // stands in the layer's main-layer slot, since version 4 looks soil
@@ -41,10 +46,6 @@ public:
     std::int32_t QZCODE = 0;
 };
 
-bool operator==(const SoilLayerDivisionsAndCodesForPyTzQzSectionRecord& left,
-                const SoilLayerDivisionsAndCodesForPyTzQzSectionRecord& right);
-bool operator!=(const SoilLayerDivisionsAndCodesForPyTzQzSectionRecord& left,
-                const SoilLayerDivisionsAndCodesForPyTzQzSectionRecord& right);
 
 // "SOIL LAYER DIV ...": the layers of a version 4 file, top to bottom. The
 // file gives no count of divisions; the table ends when its divisions cover
@@ -52,6 +53,9 @@ bool operator!=(const SoilLayerDivisionsAndCodesForPyTzQzSectionRecord& left,
 class SoilLayerDivisionsAndCodesForPyTzQzSection {
 public:
     TERRIX_ALLOCATION_OPERATORS
+
+    // Every member, for == and != (exact: a NaN equals nothing).
+    auto Fields() const { return std::tie(records); }
 
     using Record = SoilLayerDivisionsAndCodesForPyTzQzSectionRecord;
     using const_iterator = std::vector<Record>::const_iterator;
@@ -77,9 +81,5 @@ public:
     std::vector<Record> records;
 };
 
-bool operator==(const SoilLayerDivisionsAndCodesForPyTzQzSection& left,
-                const SoilLayerDivisionsAndCodesForPyTzQzSection& right);
-bool operator!=(const SoilLayerDivisionsAndCodesForPyTzQzSection& left,
-                const SoilLayerDivisionsAndCodesForPyTzQzSection& right);
 
 }  // namespace TerrixExchange

@@ -78,25 +78,8 @@ SoilMainLayersAndPropertiesSection::const_iterator SoilMainLayersAndPropertiesSe
     });
 }
 
-bool operator==(const SoilMainLayersAndPropertiesSectionRecord& left,
-                const SoilMainLayersAndPropertiesSectionRecord& right) {
-    return left.MAIN == right.MAIN && left.ZBOTM == right.ZBOTM && left.GAMTOT == right.GAMTOT &&
-           left.CPTTOP == right.CPTTOP && left.CPTBOT == right.CPTBOT && left.PHI == right.PHI &&
-           left.DR == right.DR && left.SUTOP == right.SUTOP && left.SUBOT == right.SUBOT && left.IP == right.IP &&
-           left.EPSC == right.EPSC && left.API_J == right.API_J && left.AK == right.AK;
-}
 
-bool operator!=(const SoilMainLayersAndPropertiesSectionRecord& left,
-                const SoilMainLayersAndPropertiesSectionRecord& right) {
-    return !(left == right);
-}
 
-bool operator==(const SoilMainLayersAndPropertiesSection& left, const SoilMainLayersAndPropertiesSection& right) {
-    return left.records == right.records && left.layoutRevision == right.layoutRevision;
-}
 
-bool operator!=(const SoilMainLayersAndPropertiesSection& left, const SoilMainLayersAndPropertiesSection& right) {
-    return !(left == right);
-}
 
 }  // namespace TerrixExchange

@@ -2,7 +2,9 @@
 
 #include <cstddef>
 #include <vector>
+#include <tuple>
 
+#include <TerrixExchange/sections/FieldEquality.h>
 #include <TerrixExchange/queries/Layer.h>
 #include <TerrixPlatform/AllocationCallbacks/AllocationCallbacks.h>
 #include <TerrixPlatform/Units/Runtime/Quantity.h>
@@ -20,6 +22,11 @@ namespace TerrixExchange {
 class SoilMainLayersAndPropertiesSectionRecord {
 public:
     TERRIX_ALLOCATION_OPERATORS
+
+    // Every member, for == and != (exact: a NaN equals nothing).
+    auto Fields() const {
+        return std::tie(MAIN, ZBOTM, GAMTOT, CPTTOP, CPTBOT, PHI, DR, SUTOP, SUBOT, IP, EPSC, API_J, AK);
+    }
 
     template <class Archive>
     void Serialize(Archive& archive, bool withAK);
@@ -47,10 +54,6 @@ public:
     double AK = 0.0;
 };
 
-bool operator==(const SoilMainLayersAndPropertiesSectionRecord& left,
-                const SoilMainLayersAndPropertiesSectionRecord& right);
-bool operator!=(const SoilMainLayersAndPropertiesSectionRecord& left,
-                const SoilMainLayersAndPropertiesSectionRecord& right);
 
 // "SOIL MAIN LAYERS AND PROPERTIES SECTION" of a version 5 profile: the main
 // layers in file order. The file holds no count of its own: the control
@@ -64,6 +67,9 @@ bool operator!=(const SoilMainLayersAndPropertiesSectionRecord& left,
 class SoilMainLayersAndPropertiesSection {
 public:
     TERRIX_ALLOCATION_OPERATORS
+
+    // Every member, for == and != (exact: a NaN equals nothing).
+    auto Fields() const { return std::tie(records, layoutRevision); }
 
     using const_iterator = std::vector<SoilMainLayersAndPropertiesSectionRecord>::const_iterator;
 
@@ -83,7 +89,5 @@ private:
     void SerializeTable(Archive& archive, std::size_t count);
 };
 
-bool operator==(const SoilMainLayersAndPropertiesSection& left, const SoilMainLayersAndPropertiesSection& right);
-bool operator!=(const SoilMainLayersAndPropertiesSection& left, const SoilMainLayersAndPropertiesSection& right);
 
 }  // namespace TerrixExchange

@@ -28,13 +28,6 @@ template void SoilSurfaceAndGroundWaterSection::Serialize(Importer&);
 template void SoilSurfaceAndGroundWaterSection::Serialize(Exporter&);
 template void SoilSurfaceAndGroundWaterSection::Serialize(JsonArchive&);
 
-bool operator==(const SoilSurfaceAndGroundWaterSection& left, const SoilSurfaceAndGroundWaterSection& right) {
-    return left.ZSURF == right.ZSURF && left.SCRGEN == right.SCRGEN && left.SCRLOC == right.SCRLOC &&
-           left.SLOPE == right.SLOPE && left.ZGRWT == right.ZGRWT && left.GAMPWP == right.GAMPWP;
-}
 
-bool operator!=(const SoilSurfaceAndGroundWaterSection& left, const SoilSurfaceAndGroundWaterSection& right) {
-    return !(left == right);
-}
 
 }  // namespace TerrixExchange

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <tuple>
+
+#include <TerrixExchange/sections/FieldEquality.h>
 #include <TerrixPlatform/AllocationCallbacks/AllocationCallbacks.h>
 #include <TerrixPlatform/Units/Runtime/Quantity.h>
 
@@ -11,6 +14,9 @@ namespace TerrixExchange {
 class SoilSurfaceAndGroundWaterSection {
 public:
     TERRIX_ALLOCATION_OPERATORS
+
+    // Every member, for == and != (exact: a NaN equals nothing).
+    auto Fields() const { return std::tie(ZSURF, SCRGEN, SCRLOC, SLOPE, ZGRWT, GAMPWP); }
 
     // Ground water weighs as sea water (the control section's default for
     // GAMMAW) until a file says otherwise; every level and depth is 0.
@@ -36,7 +42,5 @@ public:
     double GAMPWP;
 };
 
-bool operator==(const SoilSurfaceAndGroundWaterSection& left, const SoilSurfaceAndGroundWaterSection& right);
-bool operator!=(const SoilSurfaceAndGroundWaterSection& left, const SoilSurfaceAndGroundWaterSection& right);
 
 }  // namespace TerrixExchange

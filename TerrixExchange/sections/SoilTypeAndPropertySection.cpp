@@ -41,23 +41,8 @@ SoilTypeAndPropertySection::const_iterator SoilTypeAndPropertySection::FindLayer
                         [&](const SoilTypeAndPropertySectionRecord& record) { return record.TYP == layer.mainLayer; });
 }
 
-bool operator==(const SoilTypeAndPropertySectionRecord& left, const SoilTypeAndPropertySectionRecord& right) {
-    return left.TYP == right.TYP && left.GAMTOT == right.GAMTOT && left.PHI == right.PHI &&
-           left.SU_Z0 == right.SU_Z0 && left.SU_Z100 == right.SU_Z100 && left.EPSC == right.EPSC &&
-           left.OCR == right.OCR && left.API_J == right.API_J && left.GAP == right.GAP &&
-           left.RPRAT == right.RPRAT && left.TZZRES == right.TZZRES;
-}
 
-bool operator!=(const SoilTypeAndPropertySectionRecord& left, const SoilTypeAndPropertySectionRecord& right) {
-    return !(left == right);
-}
 
-bool operator==(const SoilTypeAndPropertySection& left, const SoilTypeAndPropertySection& right) {
-    return left.records == right.records;
-}
 
-bool operator!=(const SoilTypeAndPropertySection& left, const SoilTypeAndPropertySection& right) {
-    return !(left == right);
-}
 
 }  // namespace TerrixExchange

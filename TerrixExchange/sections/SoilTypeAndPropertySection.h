@@ -2,7 +2,9 @@
 
 #include <cstddef>
 #include <vector>
+#include <tuple>
 
+#include <TerrixExchange/sections/FieldEquality.h>
 #include <TerrixExchange/queries/Layer.h>
 #include <TerrixPlatform/AllocationCallbacks/AllocationCallbacks.h>
 #include <TerrixPlatform/Units/Runtime/Quantity.h>
@@ -16,6 +18,9 @@ namespace TerrixExchange {
 class SoilTypeAndPropertySectionRecord {
 public:
     TERRIX_ALLOCATION_OPERATORS
+
+    // Every member, for == and != (exact: a NaN equals nothing).
+    auto Fields() const { return std::tie(TYP, GAMTOT, PHI, SU_Z0, SU_Z100, EPSC, OCR, API_J, GAP, RPRAT, TZZRES); }
 
     template <class Archive>
     void Serialize(Archive& archive);
@@ -42,8 +47,6 @@ public:
     Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon> TZZRES;
 };
 
-bool operator==(const SoilTypeAndPropertySectionRecord& left, const SoilTypeAndPropertySectionRecord& right);
-bool operator!=(const SoilTypeAndPropertySectionRecord& left, const SoilTypeAndPropertySectionRecord& right);
 
 // "SOIL TYPE AND PROPERTY SECTION" of a version 4 profile: the soil types in
 // file order. The file holds no count of its own: the control section's
@@ -51,6 +54,9 @@ bool operator!=(const SoilTypeAndPropertySectionRecord& left, const SoilTypeAndP
 class SoilTypeAndPropertySection {
 public:
     TERRIX_ALLOCATION_OPERATORS
+
+    // Every member, for == and != (exact: a NaN equals nothing).
+    auto Fields() const { return std::tie(records); }
 
     using const_iterator = std::vector<SoilTypeAndPropertySectionRecord>::const_iterator;
 
@@ -64,7 +70,5 @@ public:
     std::vector<SoilTypeAndPropertySectionRecord> records;
 };
 
-bool operator==(const SoilTypeAndPropertySection& left, const SoilTypeAndPropertySection& right);
-bool operator!=(const SoilTypeAndPropertySection& left, const SoilTypeAndPropertySection& right);
 
 }  // namespace TerrixExchange
