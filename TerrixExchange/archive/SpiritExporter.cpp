@@ -73,7 +73,21 @@ void SpiritExporter<OutputIterator>::StringParameter(const std::string& value, c
 }
 
 template <class OutputIterator>
-void SpiritExporter<OutputIterator>::VersionLine(int year, int month, int day) {
+void SpiritExporter<OutputIterator>::Header(const std::string& header) {
+    WriteLine("TERRIX");
+    if (header.empty()) return;
+    std::string::size_type start = 0;
+    for (;;) {
+        const std::string::size_type end = header.find('\n', start);
+        WriteLine(header.substr(start, end == std::string::npos ? std::string::npos : end - start));
+        if (end == std::string::npos) return;
+        start = end + 1;
+    }
+}
+
+template <class OutputIterator>
+void SpiritExporter<OutputIterator>::VersionLine(bool isVersion, int year, int month, int day) {
+    if (!isVersion) return;
     karma::generate(sink_,
                     "TERRIX Version: " << karma::int_ << '-' << karma::right_align(2, '0')[karma::int_] << '-'
                                        << karma::right_align(2, '0')[karma::int_] << karma::eol,

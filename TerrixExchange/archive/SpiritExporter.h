@@ -78,7 +78,16 @@ public:
 
     // --- The frame of a profile ---
     void WriteLine(const std::string& text);
-    void VersionLine(int year, int month, int day);
+    // "TERRIX", then the header's lines (it holds them joined by "\n").
+    void Header(const std::string& header);
+    // "TERRIX Version: yyyy-mm-dd" when `isVersion`.
+    void VersionLine(bool isVersion, int year, int month, int day);
+    // After the last profile, an empty line and the end line when asked for.
+    void EndOfProfiles(bool isLast, bool withEndLine) {
+        if (!isLast || !withEndLine) return;
+        BlankLine();
+        WriteLine("END OF TERRIX INPUT FILE");
+    }
     void ProfileMarker() { WriteLine("### New soil profile"); }
 
     // --- Records, vectors and tables ---

@@ -288,20 +288,23 @@ void SpiritImporter<Iterator>::Header(std::string& header) {
 }
 
 template <class Iterator>
-bool SpiritImporter<Iterator>::VersionLine(int& year, int& month, int& day) {
+void SpiritImporter<Iterator>::VersionLine(bool& isVersion, int year, int, int) {
     Iterator it = position_;
     int y = 0, m = 0, d = 0;
+    isVersion = false;
     if (!qi::parse(it, last_,
                    qi::lit("TERRIX") >> qi::omit[+blank] >> qi::lit("Version:") >> qi::omit[*blank] >> qi::int_ >> '-' >>
                        qi::int_ >> '-' >> qi::int_,
                    y, m, d))
-        return false;
+        return;
     position_ = it;
-    year = y;
-    month = m;
-    day = d;
+    isVersion = y == year;
     NextLine(true);
-    return true;
+}
+
+template <class Iterator>
+void SpiritImporter<Iterator>::EndOfProfiles(bool& isLast, bool) {
+    isLast = EndOfProfiles();
 }
 
 template <class Iterator>

@@ -120,15 +120,16 @@ public:
     // "TERRIX" and the header lines up to the version line, the first empty
     // line or the first title (joined by "\n").
     void Header(std::string& header);
-    // "TERRIX Version: yyyy-mm-dd"; false, with nothing consumed, when the
-    // current line is not one.
-    bool VersionLine(int& year, int& month, int& day);
+    // "TERRIX Version: yyyy-mm-dd": `isVersion` tells whether the line is
+    // there and names the year `year`. A version line of another year is
+    // read as well; nothing is consumed when the current line is not one.
+    void VersionLine(bool& isVersion, int year, int month, int day);
     // What may follow the last profile of a file: empty lines, comment lines
-    // and the end line. True, with all of it consumed, when nothing else
-    // follows; false, with nothing consumed, when the marker of a further
-    // profile follows; the error "Expected: ### New soil profile" on the
-    // first line that is neither.
-    bool EndOfProfiles();
+    // and the end line. `isLast` is true, with all of it consumed, when
+    // nothing else follows; false, with nothing consumed, when the marker of
+    // a further profile follows; the error "Expected: ### New soil profile"
+    // on the first line that is neither. Any end line is read.
+    void EndOfProfiles(bool& isLast, bool withEndLine);
     // The line "### New soil profile" that separates two profiles.
     void ProfileMarker();
 
@@ -196,6 +197,7 @@ private:
     bool LineStartsWithNumber() const;
     bool AtEndOfLine();
     bool AtEndOfInput() const { return position_ == last_; }
+    bool EndOfProfiles();
     bool AtCommentLine() const;
     bool MatchWords(const std::string& text);
     // The words of `text` from `it` on, any run of blanks between them.

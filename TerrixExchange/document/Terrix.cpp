@@ -129,12 +129,33 @@ void Terrix::SerializeSections(Archive& archive) {
     data.givenSoilDisplacementsAndOpenHoleSection.Serialize(archive, RecordCount(control.NUMDSP));
 }
 
+// "TERRIX", the header lines, the version line of version 5 (a file without
+// one is version 4), then the sections. A profile of no known version is
+// written as its first lines alone.
+template <class Archive>
+void Terrix::SerializeProfile(Archive& archive, std::string& header) {
+    archive.Header(header);
+    if (version_ != Version::V4 && version_ != Version::V5) return;
+    bool isVersion5 = version_ == Version::V5;
+    archive.VersionLine(isVersion5, versionYear, versionMonth, versionDay);
+    SetVersion(isVersion5 ? Version::V5 : Version::V4);
+    SerializeSections(archive);
+}
+
+// What follows a profile: after the last one, empty lines, comment lines and
+// the end line "END OF TERRIX INPUT FILE"; before a further one, an empty
+// line and the marker "### New soil profile".
+template <class Archive>
+void Terrix::SerializeProfileEnd(Archive& archive, bool& isLast, bool withEndLine) {
+    archive.EndOfProfiles(isLast, withEndLine);
+    if (isLast) return;
+    archive.BlankLine();
+    archive.ProfileMarker();
+}
+
 void Terrix::ReadProfile(Importer& importer) {
-    importer.Header(header_);
     SetVersion(Version::V4);
-    int year = 0, month = 0, day = 0;
-    if (importer.VersionLine(year, month, day) && year == versionYear) SetVersion(Version::V5);
-    if (version_ == Version::V4 || version_ == Version::V5) SerializeSections(importer);
+    SerializeProfile(importer, header_);
 }
 
 void Terrix::Import(std::istream& stream, const std::string& forceUnit, const std::string& lengthUnit) {
@@ -146,18 +167,21 @@ void Terrix::Import(std::istream& stream, const std::string& forceUnit, const st
 
 void Terrix::Export(std::ostream& stream, const UnitSystem& units, const std::list<std::string>& headerLines,
                     bool writeEndLine) {
+    WriteProfile(stream, units, JoinLines(headerLines), true, writeEndLine);
+}
+
+void Terrix::WriteProfile(std::ostream& stream, const UnitSystem& units, std::string header, bool isLast,
+                          bool writeEndLine) {
     unitSystem_ = units;
     Exporter exporter(StreamSink(stream), 10, FastUnitConverter(GetDatabaseUnitSystem(), units));
-    exporter.WriteLine("TERRIX");
-    for (const std::string& line : headerLines) exporter.WriteLine(line);
-    if (version_ == Version::V4 || version_ == Version::V5) {
-        if (version_ == Version::V5) exporter.VersionLine(versionYear, versionMonth, versionDay);
-        SerializeSections(exporter);
-    }
-    if (writeEndLine) {
-        exporter.BlankLine();
-        exporter.WriteLine("END OF TERRIX INPUT FILE");
-    }
+    SerializeProfile(exporter, header);
+    SerializeProfileEnd(exporter, isLast, writeEndLine);
+}
+
+std::string Terrix::JoinLines(const std::list<std::string>& lines) {
+    std::string text;
+    for (auto line = lines.begin(); line != lines.end(); ++line) text += (line == lines.begin() ? "" : "\n") + *line;
+    return text;
 }
 
 void Terrix::Export(std::ostream& stream, const std::string& forceUnit, const std::string& lengthUnit,
@@ -174,8 +198,8 @@ bool Terrix::TryDeduceUnits(std::istream& stream, std::string& forceUnit, std::s
 bool Terrix::TryDeduceUnits(Importer& importer, std::string& forceUnit, std::string& lengthUnit) {
     std::string header;
     importer.Header(header);
-    int year = 0, month = 0, day = 0;
-    const bool isVersion5 = importer.VersionLine(year, month, day) && year == versionYear;
+    bool isVersion5 = false;
+    importer.VersionLine(isVersion5, versionYear, versionMonth, versionDay);
     ControlSection control(isVersion5 ? Version::V5 : Version::V4);
     importer.BlankLine();
     control.Serialize(importer);
@@ -224,6 +248,8 @@ bool Terrix::TryDeduceUnits(Quantity<ForcePerUnitVolumePhenomenon> waterUnitWeig
     return true;
 }
 
+template void Terrix::SerializeProfileEnd(Importer&, bool&, bool);
+template void Terrix::SerializeProfileEnd(Exporter&, bool&, bool);
 template void Terrix::SerializeSections(Importer&);
 template void Terrix::SerializeSections(Exporter&);
 template void Terrix::SerializeSections(JsonArchive&);

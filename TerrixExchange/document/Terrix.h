@@ -196,6 +196,18 @@ private:
 
     // The header, the version line and the sections of the version.
     void ReadProfile(Importer& importer);
+    // The frame of a profile around its sections, described once for both
+    // archives, and what follows a profile.
+    template <class Archive>
+    void SerializeProfile(Archive& archive, std::string& header);
+    template <class Archive>
+    static void SerializeProfileEnd(Archive& archive, bool& isLast, bool withEndLine);
+    // The profile in `units` with the header lines of `header` (joined by
+    // "\n"), then the marker of a further profile or, when it is the last,
+    // the end line if asked for.
+    void WriteProfile(std::ostream& stream, const Units::Runtime::UnitSystem& units, std::string header,
+                      bool isLast, bool writeEndLine);
+    static std::string JoinLines(const std::list<std::string>& lines);
     // The sections of the profile's version, each after one empty line.
     template <class Archive>
     void SerializeSections(Archive& archive);

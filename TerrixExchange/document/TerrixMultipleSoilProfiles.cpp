@@ -79,9 +79,9 @@ void TerrixMultipleSoilProfiles::ReadProfiles(std::istream& stream, const boost:
             }
             profile.ReadProfile(importer);
             profiles_.push_back(std::move(profile));
-            if (importer.EndOfProfiles()) return;
-            importer.BlankLine();
-            importer.ProfileMarker();
+            bool isLast = false;
+            Terrix::SerializeProfileEnd(importer, isLast, true);
+            if (isLast) return;
         } catch (...) {
             // Whatever fails, the importer stands at the start of the profile
             // that failed: a stream that breaks off inside a profile is an
@@ -96,14 +96,26 @@ void TerrixMultipleSoilProfiles::ReadProfiles(std::istream& stream, const boost:
 
 void TerrixMultipleSoilProfiles::Export(std::ostream& stream, const UnitSystem& units,
                                         std::list<std::string> headerLines) {
+    WriteProfiles(stream, units, &headerLines, true);
+}
+
+void TerrixMultipleSoilProfiles::ExportWithOwnHeaders(std::ostream& stream, bool writeEndLine) {
+    WriteProfiles(stream, boost::none, nullptr, writeEndLine);
+}
+
+void TerrixMultipleSoilProfiles::ExportWithOwnHeaders(std::ostream& stream, const UnitSystem& units,
+                                                      bool writeEndLine) {
+    WriteProfiles(stream, units, nullptr, writeEndLine);
+}
+
+void TerrixMultipleSoilProfiles::WriteProfiles(std::ostream& stream, const boost::optional<UnitSystem>& units,
+                                               const std::list<std::string>* firstHeaderLines, bool writeEndLine) {
     for (std::size_t i = 0; i < profiles_.size(); ++i) {
-        if (i != 0) {
-            Exporter marker(StreamSink(stream), 10, boost::none);
-            marker.BlankLine();
-            marker.ProfileMarker();
-        }
-        profiles_[i].Export(stream, units, headerLines, i + 1 == profiles_.size());
-        headerLines.clear();
+        Terrix& profile = profiles_[i];
+        const std::string header =
+            firstHeaderLines ? (i == 0 ? Terrix::JoinLines(*firstHeaderLines) : "") : profile.header_;
+        profile.WriteProfile(stream, units ? *units : profile.unitSystem_, header, i + 1 == profiles_.size(),
+                             writeEndLine);
     }
 }
 

@@ -60,8 +60,21 @@ public:
     void Export(std::ostream& stream, const Units::Runtime::UnitSystem& units, std::list<std::string> headerLines);
     void Export(std::ostream& stream, const std::string& forceUnit, const std::string& lengthUnit,
                 const std::list<std::string>& headerLines);
+    // Writes every profile with its own header lines and in its own units
+    // (those it was read in), or all of them in `units`: a stream read and
+    // written back this way keeps each profile's header and, without
+    // `units`, its numbers as the file wrote them. The end line after the
+    // last profile when `writeEndLine`. Each profile then holds the units
+    // it was written in.
+    void ExportWithOwnHeaders(std::ostream& stream, bool writeEndLine = true);
+    void ExportWithOwnHeaders(std::ostream& stream, const Units::Runtime::UnitSystem& units,
+                              bool writeEndLine = true);
 
 private:
+    // The profiles one after the other; with `firstHeaderLines` the first
+    // profile takes those and the others none, without it each its own.
+    void WriteProfiles(std::ostream& stream, const boost::optional<Units::Runtime::UnitSystem>& units,
+                       const std::list<std::string>* firstHeaderLines, bool writeEndLine);
     // Reads profiles until the end of the input; `units` names the units of
     // every profile, or, when empty, they are deduced profile by profile.
     void ReadProfiles(std::istream& stream, const boost::optional<Units::Runtime::UnitSystem>& units,

@@ -3,7 +3,7 @@
 #include <sstream>
 
 #include <TerrixExchange/archive/JsonArchive.h>
-#include <TerrixExchange/archive/SpiritExporter.h>
+#include <TerrixExchange/document/TerrixMultipleSoilProfiles.h>
 
 #include "Commands.h"
 #include "Profiles.h"
@@ -60,22 +60,19 @@ int RunConvert(const ConvertOptions& options) {
         throw FileFailure(options.file, "cannot convert", detail);
     }
 
-    // Profiles one after the other, the marker line between two of them.
-    // Each keeps its own header lines and, without --to, its own units.
-    std::ostringstream text;
-    for (std::size_t k = 0; k < chosen.size(); ++k) {
-        Terrix& profile = profiles[chosen[k]];
-        const UnitNames from = UnitsOf(profile);
-        const UnitNames units = to ? *to : from;
-        if (!(units == from)) WarnOfUnitBoundColumns(options.file, chosen[k], profile, from, units);
-        if (k > 0) {
-            TerrixExchange::Exporter exporter(TerrixExchange::StreamSink(text), 10, boost::none);
-            exporter.BlankLine();
-            exporter.ProfileMarker();
-        }
-        const bool isLast = k + 1 == chosen.size();
-        profile.Export(text, units.force, units.length, HeaderLinesOf(profile), isLast && !options.noEndLine);
+    // Each profile keeps its own header lines and, without --to, its units.
+    TerrixExchange::TerrixMultipleSoilProfiles written;
+    for (std::size_t index : chosen) {
+        const UnitNames from = UnitsOf(profiles[index]);
+        if (to && !(*to == from)) WarnOfUnitBoundColumns(options.file, index, profiles[index], from, *to);
+        written.AddSoilProfile(profiles[index]);
     }
+    std::ostringstream text;
+    if (to)
+        written.ExportWithOwnHeaders(text, TerrixExchange::Units::Runtime::UnitSystem(to->force, to->length),
+                                     !options.noEndLine);
+    else
+        written.ExportWithOwnHeaders(text, !options.noEndLine);
     WriteOutput(options.out, text.str());
     return 0;
 }

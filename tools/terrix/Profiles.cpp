@@ -109,19 +109,6 @@ std::string NameOf(const Terrix& profile) { return profile.GetTerrixInputData().
 
 int VersionNumberOf(const Terrix& profile) { return static_cast<int>(profile.GetVersion()); }
 
-std::list<std::string> HeaderLinesOf(const Terrix& profile) {
-    std::list<std::string> lines;
-    const std::string header = profile.GetHeader();
-    if (header.empty()) return lines;
-    std::string::size_type start = 0;
-    for (;;) {
-        const std::string::size_type end = header.find('\n', start);
-        lines.push_back(header.substr(start, end == std::string::npos ? std::string::npos : end - start));
-        if (end == std::string::npos) return lines;
-        start = end + 1;
-    }
-}
-
 void WriteOutput(const std::string& out, const std::string& text) {
     if (out.empty() || out == "-") {
         std::cout << text << std::flush;

@@ -4,7 +4,6 @@
 // place where the tool meets the library's import.
 
 #include <cstddef>
-#include <list>
 #include <string>
 #include <vector>
 
@@ -55,8 +54,6 @@ UnitNames UnitsOf(const TerrixExchange::Terrix& profile);
 std::string NameOf(const TerrixExchange::Terrix& profile);
 // 4 or 5 (0 for a profile of no known version).
 int VersionNumberOf(const TerrixExchange::Terrix& profile);
-// The header of a profile as the lines to write back.
-std::list<std::string> HeaderLinesOf(const TerrixExchange::Terrix& profile);
 
 // Writes `text` to OUT, or to standard output when OUT is empty or "-".
 void WriteOutput(const std::string& out, const std::string& text);
