@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include <TerrixPlatform/Units/Runtime/UnitSystem.h>
+#include <TerrixPlatform/Units/Runtime/UnitRatio.h>
 
 namespace TerrixExchange {
 

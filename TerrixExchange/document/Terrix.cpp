@@ -6,6 +6,8 @@
 #include <ostream>
 
 #include <TerrixExchange/archive/JsonArchive.h>
+#include <TerrixExchange/archive/SpiritExporter.h>
+#include <TerrixExchange/archive/SpiritImporter.h>
 #include <TerrixExchange/document/TableCounts.h>
 #include <TerrixExchange/document/WhiteSpaceKept.h>
 #include <TerrixPlatform/Units/Runtime/FastUnitConverter.h>
@@ -153,6 +155,7 @@ void Terrix::SerializeProfileEnd(Archive& archive, bool& isLast, bool withEndLin
     archive.ProfileMarker();
 }
 
+template <class Importer>
 void Terrix::ReadProfile(Importer& importer) {
     SetVersion(Version::V4);
     SerializeProfile(importer, header_);
@@ -192,10 +195,11 @@ void Terrix::Export(std::ostream& stream, const std::string& forceUnit, const st
 bool Terrix::TryDeduceUnits(std::istream& stream, std::string& forceUnit, std::string& lengthUnit) {
     WhiteSpaceKept whiteSpace(stream);
     Importer importer(StreamIterator(stream), StreamIterator(), GetDatabaseUnitSystem(), true);
-    return TryDeduceUnits(importer, forceUnit, lengthUnit);
+    return DeduceUnits(importer, forceUnit, lengthUnit);
 }
 
-bool Terrix::TryDeduceUnits(Importer& importer, std::string& forceUnit, std::string& lengthUnit) {
+template <class Importer>
+bool Terrix::DeduceUnits(Importer& importer, std::string& forceUnit, std::string& lengthUnit) {
     std::string header;
     importer.Header(header);
     bool isVersion5 = false;
@@ -248,6 +252,8 @@ bool Terrix::TryDeduceUnits(Quantity<ForcePerUnitVolumePhenomenon> waterUnitWeig
     return true;
 }
 
+template void Terrix::ReadProfile(Importer&);
+template bool Terrix::DeduceUnits(Importer&, std::string&, std::string&);
 template void Terrix::SerializeProfileEnd(Importer&, bool&, bool);
 template void Terrix::SerializeProfileEnd(Exporter&, bool&, bool);
 template void Terrix::SerializeSections(Importer&);

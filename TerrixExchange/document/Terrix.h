@@ -10,8 +10,6 @@
 
 #include <boost/optional.hpp>
 
-#include <TerrixExchange/archive/SpiritExporter.h>
-#include <TerrixExchange/archive/SpiritImporter.h>
 #include <TerrixExchange/document/TerrixInputData.h>
 #include <TerrixExchange/document/Version.h>
 #include <TerrixExchange/queries/CurveData.h>
@@ -195,6 +193,7 @@ private:
     friend class JsonArchive;
 
     // The header, the version line and the sections of the version.
+    template <class Importer>
     void ReadProfile(Importer& importer);
     // The frame of a profile around its sections, described once for both
     // archives, and what follows a profile.
@@ -212,7 +211,8 @@ private:
     template <class Archive>
     void SerializeSections(Archive& archive);
     // The header, the version line and the control section, in database units.
-    static bool TryDeduceUnits(Importer& importer, std::string& forceUnit, std::string& lengthUnit);
+    template <class Importer>
+    static bool DeduceUnits(Importer& importer, std::string& forceUnit, std::string& lengthUnit);
     static bool TryDeduceUnits(
         Units::Runtime::Quantity<Units::Runtime::ForcePerUnitVolumePhenomenon> waterUnitWeight,
         Units::Runtime::Quantity<Units::Runtime::StressPhenomenon> atmosphericPressure, std::string& forceUnit,

@@ -5,6 +5,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include <TerrixExchange/archive/SpiritExporter.h>
+#include <TerrixExchange/archive/SpiritImporter.h>
 #include <TerrixExchange/document/WhiteSpaceKept.h>
 
 namespace TerrixExchange {
@@ -71,7 +73,7 @@ void TerrixMultipleSoilProfiles::ReadProfiles(std::istream& stream, const boost:
                 importer.SetUnitSystem(GetDatabaseUnitSystem());
                 std::string forceUnit;
                 std::string lengthUnit;
-                if (!Terrix::TryDeduceUnits(importer, forceUnit, lengthUnit))
+                if (!Terrix::DeduceUnits(importer, forceUnit, lengthUnit))
                     throw std::runtime_error("Unable to deduce units");
                 profile.unitSystem_ = UnitSystem(forceUnit, lengthUnit);
                 importer.SetUnitSystem(profile.unitSystem_);

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include <boost/function.hpp>
+
 #include <TerrixExchange/archive/JsonArchive.h>
 #include <TerrixExchange/archive/SpiritExporter.h>
 #include <TerrixExchange/archive/SpiritImporter.h>

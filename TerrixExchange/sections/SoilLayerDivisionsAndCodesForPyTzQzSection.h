@@ -5,7 +5,6 @@
 #include <vector>
 #include <tuple>
 
-#include <boost/function.hpp>
 
 #include <TerrixExchange/sections/FieldEquality.h>
 #include <TerrixExchange/queries/Layer.h>

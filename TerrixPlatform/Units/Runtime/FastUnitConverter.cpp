@@ -1,5 +1,7 @@
 #include <TerrixPlatform/Units/Runtime/FastUnitConverter.h>
 
+#include <TerrixPlatform/Units/Runtime/UnitRatio.h>
+
 #include <cmath>
 
 namespace TerrixExchange { namespace Units { namespace Runtime {

@@ -1,5 +1,7 @@
 #include <TerrixPlatform/Units/Runtime/UnitSystem.h>
 
+#include <TerrixPlatform/Units/Runtime/UnitRatio.h>
+
 #include <stdexcept>
 
 namespace TerrixExchange { namespace Units { namespace Runtime {
@@ -113,12 +115,16 @@ UnitSystem::UnitSystem(const std::string& forceUnit, const std::string& lengthUn
     if (!force) throw std::runtime_error("Unknown force unit: '" + forceUnit + "'");
     const NamedUnit* length = Find(lengthUnits, lengthUnit);
     if (!length) throw std::runtime_error("Unknown length unit: '" + lengthUnit + "'");
-    forceSize_ = UnitRatio::Reduced(force->numerator, force->denominator);
-    lengthSize_ = UnitRatio::Reduced(length->numerator, length->denominator);
+    forceNumerator_ = force->numerator;
+    forceDenominator_ = force->denominator;
+    lengthNumerator_ = length->numerator;
+    lengthDenominator_ = length->denominator;
 }
 
 UnitRatio UnitSystem::GetSize(DynamicDimension dimension) const {
-    return Times(Power(forceSize_, dimension.force), Power(lengthSize_, dimension.length));
+    const UnitRatio force = UnitRatio::Reduced(forceNumerator_, forceDenominator_);
+    const UnitRatio length = UnitRatio::Reduced(lengthNumerator_, lengthDenominator_);
+    return Times(Power(force, dimension.force), Power(length, dimension.length));
 }
 
 double UnitSystem::ConvertFromUnitSystem(double value, DynamicDimension dimension) const {

@@ -7,25 +7,9 @@
 
 namespace TerrixExchange { namespace Units { namespace Runtime {
 
-// An exact ratio of two whole numbers, the size of a unit relative to another.
-// Unit sizes are exact decimals (25.4 mm to the inch, 4.4482216152605 N to
-// the pound-force), so conversions are made from exact ratios rather than
-// from products of rounded factors.
-struct UnitRatio {
-    __int128 numerator = 1;
-    __int128 denominator = 1;
-
-    // value x numerator / denominator with as few roundings as the ratio allows:
-    // one for whole factors and whole divisors (1000, 1e-9 as /1e9).
-    double Apply(double value) const;
-    double ToDouble() const;
-    // True when the ratio is 10^exponent: such a conversion moves the decimal
-    // point of a written number and needs no rounding.
-    bool IsPowerOfTen(int& exponent) const;
-    UnitRatio Inverse() const { return UnitRatio{denominator, numerator}; }
-    // numerator / denominator in lowest terms.
-    static UnitRatio Reduced(__int128 numerator, __int128 denominator);
-};
+// The exact size of a unit (see UnitRatio.h, which a caller of GetSize
+// includes).
+struct UnitRatio;
 
 // A unit system of a TERRIX file: one force unit and one length unit, named
 // as a user names them ("kN", "m"). Known names: length km m dm cm mm in ft;
@@ -58,8 +42,11 @@ public:
 private:
     std::string forceUnit_;
     std::string lengthUnit_;
-    UnitRatio forceSize_;
-    UnitRatio lengthSize_;
+    // The sizes of the two units in newton and metre, as exact ratios.
+    long long forceNumerator_ = 1;
+    long long forceDenominator_ = 1;
+    long long lengthNumerator_ = 1;
+    long long lengthDenominator_ = 1;
 };
 
 // Newton and metre: the unit system in which every quantity is held.

@@ -1,0 +1,30 @@
+#pragma once
+
+// Internal to the unit library and the archives: a host includes
+// UnitSystem.h, which needs none of this.
+
+#include <TerrixPlatform/Units/Runtime/UnitSystem.h>
+
+namespace TerrixExchange { namespace Units { namespace Runtime {
+
+// An exact ratio of two whole numbers, the size of a unit relative to another.
+// Unit sizes are exact decimals (25.4 mm to the inch, 4.4482216152605 N to
+// the pound-force), so conversions are made from exact ratios rather than
+// from products of rounded factors.
+struct UnitRatio {
+    __int128 numerator = 1;
+    __int128 denominator = 1;
+
+    // value x numerator / denominator with as few roundings as the ratio allows:
+    // one for whole factors and whole divisors (1000, 1e-9 as /1e9).
+    double Apply(double value) const;
+    double ToDouble() const;
+    // True when the ratio is 10^exponent: such a conversion moves the decimal
+    // point of a written number and needs no rounding.
+    bool IsPowerOfTen(int& exponent) const;
+    UnitRatio Inverse() const { return UnitRatio{denominator, numerator}; }
+    // numerator / denominator in lowest terms.
+    static UnitRatio Reduced(__int128 numerator, __int128 denominator);
+};
+
+}}}  // namespace TerrixExchange::Units::Runtime
