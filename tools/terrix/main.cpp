@@ -49,7 +49,8 @@ dump
   "parameters" (every profile-wide query, e.g. "ZSeafloor") and "layers"
   (each layer with every per-layer query, e.g. "Phi", "SUz", "PyData") of
   each profile. Sections are keyed by their titles, parameters by their names
-  and table columns by the titles of their header line ("SKINC TOP"). Every
+  and table columns by the titles of their header lines (two lines joined
+  by a blank). Every
   number is the library's own value in N and m (stresses in Pa, unit weights
   in N/m3, angles in radians), written with the shortest text that reads
   back as the same double; NaN and infinities are the strings "NaN",
