@@ -50,12 +50,11 @@ dump
   (each layer with every per-layer query, e.g. "Phi", "SUz", "PyData") of
   each profile. Sections are keyed by their titles, parameters by their names
   and table columns by the titles of their header lines (two lines joined
-  by a blank). Every
-  number is the library's own value in N and m (stresses in Pa, unit weights
-  in N/m3, angles in radians), written with the shortest text that reads
-  back as the same double; NaN and infinities are the strings "NaN",
-  "Infinity" and "-Infinity"; an absent optional is null; a query that
-  fails is {"error": MESSAGE} in place of its answer. Maps from level or
+  by a blank). Every number is the library's own value in N and m (stresses
+  in Pa, unit weights in N/m3, angles in radians), written with the shortest
+  text that reads back as the same double; NaN and infinities are the
+  strings "NaN", "Infinity" and "-Infinity"; an absent optional is null; a
+  query that fails is {"error": MESSAGE} in place of its answer. Maps from level or
   displacement are [key, value] pairs in ascending key order.
 
 convert
