@@ -219,11 +219,10 @@ private:
         std::string& lengthUnit);
 
     // Layering: each layer cut into its numbered layers, the pieces of one
-    // layer (never of two) joined where HasSameProperties holds.
+    // layer (never of two) joined where the main layer and the data of all
+    // six curves are exactly the same.
     std::vector<Layer> ConditionallySplitLayers(std::vector<Layer> layers) const;
     std::vector<Layer> ConditionallyMergeLayers(std::vector<Layer> layers) const;
-    // The same main layer and exactly the same data of all six curves.
-    bool HasSameProperties(const Layer& a, const Layer& b) const;
 
     std::string header_;
     Units::Runtime::UnitSystem unitSystem_;

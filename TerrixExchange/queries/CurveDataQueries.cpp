@@ -58,8 +58,7 @@ const std::vector<Quantity<LengthPhenomenon>>& Diameters(const Terrix& profile) 
 // that diameter.
 template <class Data, class ModificationSection>
 void AddModifications(Data& data, const Terrix& profile, const Layer& layer, const ModificationSection& modifications) {
-    for (const Quantity<LengthPhenomenon>& diameter : Diameters(profile))
-        data.modifications[diameter] = modifications.GetModification(layer.firstLayer, diameter);
+    data.modifications = modifications.GetModifications(layer.firstLayer, Diameters(profile));
 }
 
 // P-Y, T-Z and Q-Z. A diameter listed twice keeps its last entry.
@@ -68,9 +67,7 @@ Data CodedCurveData(const Terrix& profile, const Layer& layer, std::int32_t Curv
                     const ManualSection& manualCurves, const ModificationSection& modifications) {
     Data data;
     data.code = FindCurveCodes(profile, layer).*kind;
-    if (data.code == manualCode)
-        for (const Quantity<LengthPhenomenon>& diameter : Diameters(profile))
-            data.manualCurves[diameter] = manualCurves.GetManualCurve(layer.firstLayer, diameter);
+    if (data.code == manualCode) data.manualCurves = manualCurves.GetManualCurves(layer.firstLayer, Diameters(profile), true);
     AddModifications(data, profile, layer, modifications);
     return data;
 }
@@ -82,9 +79,7 @@ Data UncodedCurveData(const Terrix& profile, const Layer& layer, const ManualSec
                       const ModificationSection& modifications) {
     FindCurveCodes(profile, layer);
     Data data;
-    for (const Quantity<LengthPhenomenon>& diameter : Diameters(profile))
-        if (manualCurves.HasManualCurve(layer.firstLayer, diameter))
-            data.manualCurves[diameter] = manualCurves.GetManualCurve(layer.firstLayer, diameter);
+    data.manualCurves = manualCurves.GetManualCurves(layer.firstLayer, Diameters(profile), false);
     AddModifications(data, profile, layer, modifications);
     return data;
 }

@@ -11,9 +11,63 @@
 #include <iterator>
 #include <utility>
 
+#include <boost/optional.hpp>
+
 #include <TerrixExchange/document/Terrix.h>
 
 namespace TerrixExchange {
+
+namespace {
+
+// The curve data of one layer, each kind asked of the profile only when a
+// comparison first needs it and then kept for the rest of the call: a layer
+// is compared with the one before it and with the one after it, and its
+// data are asked once, not twice.
+class CurveDataOfLayer {
+public:
+    CurveDataOfLayer(const Terrix& profile, const Layer& layer) : profile_(&profile), layer_(layer) {}
+
+    const Layer& GetLayer() const { return layer_; }
+    const PyData& Py() { return Ask(py_, &Terrix::GetPyData); }
+    const TzData& Tz() { return Ask(tz_, &Terrix::GetTzData); }
+    const QzData& Qz() { return Ask(qz_, &Terrix::GetQzData); }
+    const MThetaData& Mtheta() { return Ask(mtheta_, &Terrix::GetMthetaData); }
+    const BSYData& BSy() { return Ask(bsy_, &Terrix::GetBSyData); }
+    const BMThetaData& BMtheta() { return Ask(bmtheta_, &Terrix::GetBMthetaData); }
+
+private:
+    template <class Data>
+    const Data& Ask(boost::optional<Data>& data, Data (Terrix::*query)(const Layer&) const) {
+        if (!data) data = (profile_->*query)(layer_);
+        return *data;
+    }
+
+    const Terrix* profile_;
+    Layer layer_;
+    boost::optional<PyData> py_;
+    boost::optional<TzData> tz_;
+    boost::optional<QzData> qz_;
+    boost::optional<MThetaData> mtheta_;
+    boost::optional<BSYData> bsy_;
+    boost::optional<BMThetaData> bmtheta_;
+};
+
+// The main layer first, so that Merge never meets two main layers, then the
+// six kinds of curve data, stopping at the first that differs. An error of a
+// curve-data query (a layer without its manual curve, say) passes out as it
+// is.
+bool HaveSameProperties(CurveDataOfLayer& a, CurveDataOfLayer& b) {
+    if (a.GetLayer().mainLayer != b.GetLayer().mainLayer) return false;
+    if (a.Py() != b.Py()) return false;
+    if (a.Tz() != b.Tz()) return false;
+    if (a.Qz() != b.Qz()) return false;
+    if (a.Mtheta() != b.Mtheta()) return false;
+    if (a.BSy() != b.BSy()) return false;
+    if (a.BMtheta() != b.BMtheta()) return false;
+    return true;
+}
+
+}  // namespace
 
 std::vector<Layer> Terrix::GetLayers(bool split) const {
     if (GetVersion() == Version::V4) {
@@ -35,30 +89,22 @@ std::vector<Layer> Terrix::ConditionallySplitLayers(std::vector<Layer> layers) c
     return result;
 }
 
+// A joined layer keeps the first layer of its first piece, by which its
+// curve data are found, so the data of the last layer of the result are
+// those of that piece and are kept as they were asked.
 std::vector<Layer> Terrix::ConditionallyMergeLayers(std::vector<Layer> layers) const {
     std::vector<Layer> result;
+    boost::optional<CurveDataOfLayer> last;
     for (Layer& layer : layers) {
-        if (!result.empty() && HasSameProperties(result.back(), layer))
+        CurveDataOfLayer next(*this, layer);
+        if (last && HaveSameProperties(*last, next)) {
             result.back().Merge(layer);
-        else
+        } else {
             result.push_back(std::move(layer));
+            last = std::move(next);
+        }
     }
     return result;
-}
-
-// The main layer first, so that Merge never meets two main layers, then the
-// six kinds of curve data, stopping at the first that differs. An error of a
-// curve-data query (a layer without its manual curve, say) passes out as it
-// is.
-bool Terrix::HasSameProperties(const Layer& a, const Layer& b) const {
-    if (a.mainLayer != b.mainLayer) return false;
-    if (!(GetPyData(a) == GetPyData(b))) return false;
-    if (!(GetTzData(a) == GetTzData(b))) return false;
-    if (GetQzData(a) != GetQzData(b)) return false;
-    if (GetMthetaData(a) != GetMthetaData(b)) return false;
-    if (GetBSyData(a) != GetBSyData(b)) return false;
-    if (GetBMthetaData(a) != GetBMthetaData(b)) return false;
-    return true;
 }
 
 }  // namespace TerrixExchange

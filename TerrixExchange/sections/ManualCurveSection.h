@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <map>
 #include <stdexcept>
 #include <vector>
 #include <tuple>
@@ -79,10 +80,28 @@ public:
     Curve GetManualCurve(int layer, const Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>& diameter) const {
         const Record* record = FindRecord(layer, diameter);
         if (record == nullptr) throw std::runtime_error(Kind::missingCurve);
-        Curve curve;
-        const std::size_t points = std::min(record->resistances.size(), record->displacements.size());
-        for (std::size_t i = 0; i < points; ++i) curve.points[record->displacements[i]] = record->resistances[i];
-        return curve;
+        return CurveOf(*record);
+    }
+
+    // What GetManualCurve gives for each of `diameters`, found in one pass
+    // over the records instead of one pass per diameter (the first record
+    // of a layer and diameter still wins). A diameter without a curve throws
+    // as GetManualCurve does when `required`, and is left out otherwise.
+    std::map<Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>, Curve> GetManualCurves(
+        int layer, const std::vector<Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>>& diameters,
+        bool required) const {
+        std::map<Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>, const Record*> first;
+        for (const Record& record : records)
+            if (record.LAY == layer && IsNumber(record.DIAM)) first.emplace(record.DIAM, &record);
+        std::map<Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>, Curve> curves;
+        for (const auto& diameter : diameters) {
+            const auto found = IsNumber(diameter) ? first.find(diameter) : first.end();
+            if (found != first.end())
+                curves[diameter] = CurveOf(*found->second);
+            else if (required)
+                throw std::runtime_error(Kind::missingCurve);
+        }
+        return curves;
     }
 
     // The curves in file order.
@@ -108,6 +127,19 @@ protected:
     }
 
 private:
+    // A NaN diameter equals no diameter, and has no place among ordered keys.
+    static bool IsNumber(const Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>& diameter) {
+        return diameter == diameter;
+    }
+
+    // A displacement given twice keeps the resistance of its later point.
+    static Curve CurveOf(const Record& record) {
+        Curve curve;
+        const std::size_t points = std::min(record.resistances.size(), record.displacements.size());
+        for (std::size_t i = 0; i < points; ++i) curve.points[record.displacements[i]] = record.resistances[i];
+        return curve;
+    }
+
     const Record* FindRecord(int layer,
                              const Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>& diameter) const {
         for (const Record& record : records)

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
+#include <map>
 #include <stdexcept>
 #include <tuple>
 #include <vector>
@@ -127,6 +129,28 @@ public:
             if (record.HasLayer(layer) && record.HasDiameter(diameter)) return record.GetModification();
         if constexpr (Kind::missingModification != nullptr) throw std::runtime_error(Kind::missingModification);
         return Modification::defaultModification;
+    }
+
+    // What GetModification gives for each of `diameters`, from one pass over
+    // the rows that picks those covering the layer (the first row still
+    // wins), instead of one pass over all rows per diameter.
+    std::map<Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>, Modification> GetModifications(
+        int layer, const std::vector<Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>>& diameters) const {
+        std::vector<const Record*> covering;
+        for (const Record& record : records)
+            if (record.HasLayer(layer)) covering.push_back(&record);
+        std::map<Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>, Modification> modifications;
+        for (const auto& diameter : diameters) {
+            const auto found = std::find_if(covering.begin(), covering.end(),
+                                            [&](const Record* record) { return record->HasDiameter(diameter); });
+            if (found != covering.end())
+                modifications[diameter] = (*found)->GetModification();
+            else if constexpr (Kind::missingModification != nullptr)
+                throw std::runtime_error(Kind::missingModification);
+            else
+                modifications[diameter] = Modification::defaultModification;
+        }
+        return modifications;
     }
 
     // The rows in file order.
