@@ -127,7 +127,8 @@ private:
     template <class Field>
     void AddColumn(const NamedField<Field>& column) {
         (*record_)[column.name] = ToJson(column.field);
-        if (column.meaning != ColumnMeaning::Converted) MeetColumn(column.name, column.meaning, IsNonZero(column.field));
+        if (column.meaning != ColumnMeaning::Converted)
+            MeetColumn(column.name, column.meaning, IsNonZero(column.field));
     }
     void MeetColumn(const char* name, ColumnMeaning meaning, bool nonZero);
 

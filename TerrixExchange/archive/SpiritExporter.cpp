@@ -60,7 +60,8 @@ void SpiritExporter<OutputIterator>::WriteParameterName(const std::string& name,
 }
 
 template <class OutputIterator>
-void SpiritExporter<OutputIterator>::StringParameter(const std::string& value, const std::string&, const std::string& comment) {
+void SpiritExporter<OutputIterator>::StringParameter(const std::string& value, const std::string&,
+                                                     const std::string& comment) {
     // A quote inside the text is written twice, as Fortran reads it.
     std::string quoted;
     for (char c : value) {

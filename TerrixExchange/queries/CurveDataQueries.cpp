@@ -67,7 +67,8 @@ Data CodedCurveData(const Terrix& profile, const Layer& layer, std::int32_t Curv
                     const ManualSection& manualCurves, const ModificationSection& modifications) {
     Data data;
     data.code = FindCurveCodes(profile, layer).*kind;
-    if (data.code == manualCode) data.manualCurves = manualCurves.GetManualCurves(layer.firstLayer, Diameters(profile), true);
+    if (data.code == manualCode)
+        data.manualCurves = manualCurves.GetManualCurves(layer.firstLayer, Diameters(profile), true);
     AddModifications(data, profile, layer, modifications);
     return data;
 }

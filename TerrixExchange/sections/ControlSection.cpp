@@ -17,7 +17,8 @@ ControlSection::ControlSection(Version version_)
 template <class Archive>
 void ControlSection::Serialize(Archive& archive) {
     const auto guard = archive.BeginSection("CONTROL SECTION");
-    if (version == Version::V5) archive.StringParameter(profileName, "profileName", "NAME OF THIS SOIL PROFILE, MAX 10 CHARACTERS");
+    if (version == Version::V5)
+        archive.StringParameter(profileName, "profileName", "NAME OF THIS SOIL PROFILE, MAX 10 CHARACTERS");
     archive.RequiredParameter(CONFRC, "CONFRC", "OLD-FORCE-UNIT  = CONFRC * NEW-FORCE-UNIT  1MN  = 1000*1KN");
     archive.RequiredParameter(CONLTH, "CONLTH", "OLD-LENGTH-UNIT = CONLTH * NEW-LENGTH-UNIT  1M  = 3.28*1FT");
     if (version == Version::V4) {

@@ -10,8 +10,10 @@ using namespace Units::Runtime;
 
 template <class Archive>
 void GivenSoilDisplacementsAndOpenHoleSectionRecord::Serialize(Archive& archive) {
-    archive.Row(Column("ZLEV", AsQuantity<LengthPhenomenon>(ZLEV)), Column("DSP-X", AsQuantity<LengthPhenomenon>(DSP_X)),
-                Column("DSP-Y", AsQuantity<LengthPhenomenon>(DSP_Y)), Column("DSP-Z", AsQuantity<LengthPhenomenon>(DSP_Z)),
+    archive.Row(Column("ZLEV", AsQuantity<LengthPhenomenon>(ZLEV)),
+                Column("DSP-X", AsQuantity<LengthPhenomenon>(DSP_X)),
+                Column("DSP-Y", AsQuantity<LengthPhenomenon>(DSP_Y)),
+                Column("DSP-Z", AsQuantity<LengthPhenomenon>(DSP_Z)),
                 Column("HOLE-DIAM", AsQuantity<LengthPhenomenon>(HOLE_DIAM)));
 }
 
