@@ -63,19 +63,6 @@ inline std::string WithoutEndLine(const std::string& text) {
     return text.substr(0, text.size() - std::min(text.size(), endLine.size()));
 }
 
-
-// Every member of the JSON file `expectedFile` of tests/data/ is a JSON
-// pointer into `actual` and the value that stands there.
-inline void ExpectValuesAt(const nlohmann::ordered_json& actual, const std::string& expectedFile) {
-    const nlohmann::ordered_json expected = nlohmann::ordered_json::parse(TestData(expectedFile));
-    ASSERT_FALSE(expected.empty()) << expectedFile;
-    for (const auto& [key, value] : expected.items()) {
-        const nlohmann::ordered_json::json_pointer pointer(key);
-        ASSERT_TRUE(actual.contains(pointer)) << expectedFile << ": " << key;
-        EXPECT_EQ(actual.at(pointer), value) << expectedFile << ": " << key;
-    }
-}
-
 // Each test has a directory of its own for the files it writes.
 class ToolTest : public ::testing::Test {
 protected:
