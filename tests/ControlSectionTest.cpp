@@ -115,22 +115,3 @@ TEST(ControlSection, EachVersionWritesOnlyItsOwnLines) {
     EXPECT_EQ(version5.ATMPRS.GetValue(), 101300.0);
 }
 
-TEST(ControlSection, AMissingOrMisspeltParameterIsNamed) {
-    std::string misspelt = version4Text;
-    misspelt.replace(misspelt.find("NUMLAY "), 7, "NUMLAJ ");
-    EXPECT_EQ(ImportErrorOf([&] { Read(Version::V4, misspelt); }),
-              ImportErrorText(6, "Expected parameter 'NUMLAY' not found or incorrectly defined", "CONTROL SECTION",
-                              "        12 NUMLAJ  NUMBER OF SOIL LAYERS"));
-    // A version-5 section read as version 4 misses NUMTYP where NUMLAYM stands.
-    EXPECT_EQ(ImportErrorOf([&] { Read(Version::V4, version5Text); }),
-              ImportErrorText(2, "Expected parameter 'CONFRC' not found or incorrectly defined", "CONTROL SECTION",
-                              " 'NORTH-01'          NAME OF THIS SOIL PROFILE, MAX 10 CHARACTERS"));
-    EXPECT_EQ(ImportErrorOf([&] { Read(Version::V5, version4Text); }),
-              ImportErrorText(2, "Expected string.", "CONTROL SECTION",
-                              "       1.0 CONFRC  OLD-FORCE-UNIT  = CONFRC * NEW-FORCE-UNIT  1MN  = 1000*1KN"));
-    std::string letters = version4Text;
-    letters.replace(letters.find("   10.0518"), 10, "   TEN.051");
-    EXPECT_EQ(ImportErrorOf([&] { Read(Version::V4, letters); }),
-              ImportErrorText(9, "Expected parameter 'GAMMAW' not found or incorrectly defined", "CONTROL SECTION",
-                              "   TEN.051 GAMMAW  UNIT WEIGHT OF WATER (9.81 KN/M3 IN SI-UNITS)"));
-}

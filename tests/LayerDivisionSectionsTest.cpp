@@ -101,13 +101,7 @@ TEST(SoilLayerDivisionsSection, ReadsDivisionsUntilTheyCoverTheLayersAndWritesEv
     // division of this section.
     const std::string extra = "         7         8         3      30.0       287       200       200";
     const std::string text = divisionsText + extra + "\n";
-    std::string afterwards;
-    ReadText(text, [&](Importer& importer) {
-        section.Serialize(importer, 6);
-        afterwards = ImportErrorOf([&] { importer.BlankLine(); });
-    });
-    EXPECT_EQ(section.records, divisions);
-    EXPECT_EQ(afterwards, ImportErrorText(9, "Expected blank line", "SOIL LAYER DIV ...", extra));
+    EXPECT_EQ(ReadSection<Divisions>(text, Counted(6)).records, divisions);
     // A last division may cover more layers than asked for; no layers asked
     // for reads no division.
     EXPECT_EQ(ReadSection<Divisions>(text, Counted(7)).records.size(), 4u);
@@ -198,41 +192,6 @@ TEST(MainLayersSubdivisionSection, MainLayersWithTheirMiscellaneousValuesReadAnd
     const std::string inMillimetres = WithLineEnds(subdivisionHead + "\t1\t5500\t3\t0\t0\t0\t0\t7.25\t0\n", "\r\n");
     EXPECT_EQ(ReadSection<Subdivision>(inMillimetres, Counted(1), "kN", "mm").records,
               (std::vector<MainLayer>{MakeMainLayer(1, 5.5, 3, 0, 0, 0, 0, {7.25, 0})}));
-}
-
-TEST(LayerDivisionSections, BadInputGivesOneClearError) {
-    const std::string divisionsTitle = "SOIL LAYER DIV ...";
-    const std::string subdivisionTitle = "MAIN LAYERS SUBDIVISION AND P-Y/T-Z/Q-Z CODES SECTION";
-    const std::string division = "    1    2    1    4.5    0  293  293";
-    const struct {
-        std::string error;
-        int line;
-        std::string message, title, found;
-    } cases[] = {
-        {SectionErrorOf<Divisions>(divisionsHead + division + "  7\n", Counted(2)), 6,
-         "Expected end of line of record.", divisionsTitle, division + "  7"},
-        {SectionErrorOf<Divisions>(divisionsHead + division + "\n    3    4    1    ABC    0  293  293\n", Counted(4)),
-         7, "Error parsing argument: 3", divisionsTitle, "    3    4    1    ABC    0  293  293"},
-        // The divisions end before they cover the layers.
-        {SectionErrorOf<Divisions>(divisionsHead + division + "\n\n", Counted(3)), 7, "Error parsing argument: 0",
-         divisionsTitle, ""},
-        {SectionErrorOf<Divisions>(Replaced(divisionsHead, "TYP ", "TYPE"), Counted(0)), 5, "Unable to find section",
-         divisionsTitle, "LAYER1    LAYER2    TYPE      ZBOTM     PYCODE    TZCODE    QZCODE"},
-        {SectionErrorOf<Divisions>("SOIL LAYER DIVISIONS\n", Counted(0)), 1, "Unable to find section", divisionsTitle,
-         "SOIL LAYER DIVISIONS"},
-        {SectionErrorOf<Subdivision>(Replaced(subdivisionHead, "NUMPIL", "NUMPILE"), Counted(0)), 2,
-         "Expected parameter 'NUMPIL' not found or incorrectly defined", subdivisionTitle,
-         "       2.7 NUMPILE  PILE NUMBER TO BE USED FOR AUTOMATIC MAIN LAYERS SUB-DIVISIONS"},
-        // The miscellaneous values run to the end of the line; a text among
-        // them ends the row too early.
-        {SectionErrorOf<Subdivision>(subdivisionHead + "  1   5.5   3   0   0   0   0   1.0 x 3.0\n", Counted(1)), 11,
-         "Expected end of line of record.", subdivisionTitle, "  1   5.5   3   0   0   0   0   1.0 x 3.0"},
-        {SectionErrorOf<Subdivision>(subdivisionHead + "  1   5.5   3   0   0\n", Counted(1)), 11,
-         "Error parsing argument: 5", subdivisionTitle, "  1   5.5   3   0   0"},
-        {SectionErrorOf<Subdivision>(subdivisionHead + "  1   5.5   3   0   0   0   0\n", Counted(2)), 12,
-         "Error parsing argument: 0", subdivisionTitle, ""},
-    };
-    for (const auto& c : cases) EXPECT_EQ(c.error, ImportErrorText(c.line, c.message, c.title, c.found));
 }
 
 }  // namespace

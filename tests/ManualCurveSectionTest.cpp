@@ -158,37 +158,4 @@ TEST(ManualCurveSection, ReadsHandWrittenCurvesWithCommentsTabsAndCrLf) {
                   {{10, 2.134, {0.0, 865300.0, 1912700.0, 2322500.0}, {0.0, 0.005, 0.02, 0.05}}}));
 }
 
-TEST(ManualCurveSection, ReportsMalformedCurvesWithTheirLine) {
-    const std::string title = "MANUAL P-Y (LATERAL RESISTANCE) DATA SECTION";
-    const std::string head = "*** " + title + " ***\n" +
-                             "LAY       DIAM      NUMPNT  LINE1 : P-VALUES (F/L**2)  LINE2 : Y-VALUES (L)\n" +
-                             "         3       1.5         3\n";
-    const std::string values = "       0.0      42.4      61.1\n", displacements = "       0.0    0.0076    0.0229\n";
-    // {text, curves the profile counts, line, message, line found}
-    const std::vector<std::tuple<std::string, std::size_t, int, std::string, std::string>> cases = {
-        // A resistance line with one value more than NUMPNT.
-        {head + "       0.0      42.4      61.1      91.3\n" + displacements, 1, 4, "Expected vector of size: 3",
-         "       0.0      42.4      61.1      91.3"},
-        // One value short: the vector goes on to the displacement line, which
-        // then holds one value too many.
-        {head + "       0.0      42.4\n" + displacements, 1, 5, "Expected vector of size: 3",
-         "       0.0    0.0076    0.0229"},
-        // The displacements of the last curve one short: nothing follows.
-        {head + values + "       0.0    0.0076\n", 1, 6, "Error parsing argument: 2, expected vector of size: 3", ""},
-        // A count that is not a number.
-        {Replaced(head, "         3\n", "     three\n"), 1, 3, "Error parsing argument: 2",
-         "         3       1.5     three"},
-        // Fewer curves than the profile's count: the blank line that ends the
-        // section stands where the next curve should.
-        {head + values + displacements + "\n*** P-Y (LATERAL RESISTANCE) DATA MODIFICATION SECTION ***\n", 2, 6,
-         "Error parsing argument: 0", ""},
-        // A missing column header.
-        {"*** " + title + " ***\n         3       1.5         2\n", 1, 2, "Unable to find section",
-         "         3       1.5         2"},
-    };
-    for (const auto& [text, count, line, message, found] : cases)
-        EXPECT_EQ(SectionErrorOf<ManualPyLateralResistanceDataSection>(text, Counted(count)),
-                  ImportErrorText(line, message, title, found));
-}
-
 }  // namespace

@@ -197,23 +197,4 @@ TEST(ModificationSection, RowsEndAtTheFirstLineThatIsNoRow) {
     EXPECT_TRUE(mTheta.records.empty());
 }
 
-TEST(ModificationSection, ReportsMalformedRowsWithTheirLine) {
-    const std::string title = "P-Y (LATERAL RESISTANCE) DATA MODIFICATION SECTION";
-    const std::string header = "LAY1   LAY2   DIAM   P-FACT Y-FACT Y-GAP  P-PEAK-FCT P-RES-FCT Y-RES-FCT\n";
-    const std::string row = "      0      0    0.0    1.0    1.0    0.0    1.0    1.0    1.0";
-    // {rows after the title, line, message, line found}: no header, a value
-    // too many, two values short.
-    const std::vector<std::tuple<std::string, int, std::string, std::string>> cases = {
-        {row + "\n", 2, "Unable to find section", row},
-        {header + "      3      5  2.134    0.9    1.0    0.0    1.0    1.0    1.0\n" + row + "    1.0\n", 4,
-         "Expected end of line of record.", row + "    1.0"},
-        {header + "      0      0    0.0    1.0    1.0    0.0    1.0\n", 3, "Error parsing argument: 7",
-         "      0      0    0.0    1.0    1.0    0.0    1.0"},
-    };
-    for (const auto& [rows, line, message, found] : cases)
-        EXPECT_EQ(SectionErrorOf<PyLateralResistanceDataModificationSection>("*** " + title + " ***\n" + rows,
-                                                                             tenLayersTwoDiameters),
-                  ImportErrorText(line, message, title, found));
-}
-
 }  // namespace

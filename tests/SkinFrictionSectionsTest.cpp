@@ -133,33 +133,4 @@ TEST(SkinFrictionSectionV5, ThePileAndOneRowPerMainLayer) {
     EXPECT_EQ(section.FindLayer(MakeLayer(4, 1, 1, 0.0, 1.0)), section.records.end());
 }
 
-TEST(SkinFrictionSections, BadInputGivesOneClearError) {
-    const std::string secondRow = TextLine(mainLayersText, 11);
-    const struct {
-        std::string error;
-        int line;
-        std::string message, found;
-    } cases[] = {
-        {SectionErrorOf<Levels>(Replaced(levelsText, "8.0 ZONINF", "x.0 ZONINF"), Counted(3)), 2,
-         "Expected parameter 'ZONINF' not found or incorrectly defined",
-         "       x.0 ZONINF  (ZONE OF INFLUENCE) / (PILE RADIUS) FOR TZCODE = 200"},
-        {SectionErrorOf<Levels>(Replaced(levelsText, "RFTZ", "RF  "), Counted(3)), 3,
-         "Expected parameter 'RFTZ' not found or incorrectly defined",
-         "       0.9 RF      CURVE FITTING FACTOR RF FOR TZCODE = 200"},
-        // Nine values are one too many even with the shear modulus.
-        {SectionErrorOf<Levels>(levelsText + "  30.0  1  2  3  4  5  6  7  8\n", Counted(4)), 8,
-         "Expected end of line of record.", "  30.0  1  2  3  4  5  6  7  8"},
-        // More levels asked for than the file holds.
-        {SectionErrorOf<Levels>(levelsText, Counted(4)), 8, "Error parsing argument: 0", ""},
-        {SectionErrorOf<MainLayers>(Replaced(mainLayersText, "         1 MATPIL", "       one MATPIL"), Counted(2)), 6,
-         "Expected parameter 'MATPIL' not found or incorrectly defined",
-         "       one MATPIL  Pile wall material type : 1=steel 2=concrete"},
-        {SectionErrorOf<MainLayers>(Replaced(mainLayersText, "35.5", "35,5"), Counted(2)), 11,
-         "Error parsing argument: 3", Replaced(secondRow, "35.5", "35,5")},
-        {SectionErrorOf<MainLayers>(Replaced(mainLayersText, "       0.8      0.02", "       0.8"), Counted(2)), 11,
-         "Error parsing argument: 10", Replaced(secondRow, "       0.8      0.02", "       0.8")},
-    };
-    for (const auto& c : cases) EXPECT_EQ(c.error, ImportErrorText(c.line, c.message, title, c.found));
-}
-
 }  // namespace

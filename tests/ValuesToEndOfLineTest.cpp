@@ -61,8 +61,3 @@ TEST(ValuesToEndOfLine, WritesEachValueInItsColumnOnOneLine) {
     ASSERT_EQ(back.size(), 2u);
     EXPECT_EQ(back[1].values, rows[1].values);
 }
-
-TEST(ValuesToEndOfLine, TextAfterTheNumbersIsNoEndOfLine) {
-    EXPECT_EQ(ImportErrorOf([] { ReadRows("ROWS\n  1  2.0  3.0 three\n", 1); }),
-              ImportErrorText(2, "Expected end of line of record.", "ROWS", "  1  2.0  3.0 three"));
-}

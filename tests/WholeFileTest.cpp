@@ -133,25 +133,4 @@ TEST(WholeFile, WithoutTheOptionalCountsTheOptionalSectionsAreAbsent) {
     EXPECT_TRUE(back.manualMthetaMomentDataSection.records.empty());
     EXPECT_TRUE(back.bmThetaMomentDataModificationSection.records.empty());
     EXPECT_EQ(back.givenSoilDisplacementsAndOpenHoleSection.records.size(), 1u);
-
-    // A file that has the sections but not the counts stops at the first of
-    // them, where the given soil displacements section should stand.
-    std::string withSections = ExampleFileText("north-sea-v5.terrix");
-    for (const char* name : {"NUMDM", "NUMBS", "NUMBM"}) {
-        const std::size_t at = withSections.find(std::string(" ") + name + " ");
-        const std::size_t start = withSections.rfind('\n', at) + 1;
-        withSections.erase(start, withSections.find('\n', at) + 1 - start);
-    }
-    const std::string title = "*** MANUAL M-THETA (DISTRIBUTED MOMENT) DATA SECTION ***";
-    EXPECT_EQ(ImportErrorOf([&] { ImportedText(withSections); }),
-              ImportErrorText(LineOf(withSections, title), "Unable to find section",
-                              "GIVEN SOIL DISPLACEMENTS AND OPEN HOLE SECTION", title));
-}
-
-TEST(WholeFile, AManualSectionWithTooFewCurvesIsReportedAtTheBlankLine) {
-    // The control section's NUMBS says three base shear curves; two follow.
-    const std::string text = Replaced(ExampleFileText("north-sea-v4.terrix"), "         2 NUMBS ", "         3 NUMBS ");
-    const int blank = LineOf(text, "*** BS-Y (BASE SHEAR) DATA MODIFICATION SECTION ***") - 1;
-    EXPECT_EQ(ImportErrorOf([&] { ImportedText(text); }),
-              ImportErrorText(blank, "Error parsing argument: 0", "MANUAL BS-Y (BASE SHEAR) DATA SECTION", ""));
 }
