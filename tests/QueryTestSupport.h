@@ -18,6 +18,8 @@
 
 #include <TerrixExchange/document/Terrix.h>
 
+#include "TestSupport.h"
+
 namespace TerrixExchange {
 
 // Layers print as "{main, first, count, top, bottom}" in failure messages.
@@ -28,14 +30,7 @@ inline void PrintTo(const Layer& layer, std::ostream* out) {
 
 namespace Testing {
 
-using Length = Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>;
 using Stress = Units::Runtime::Quantity<Units::Runtime::StressPhenomenon>;
-
-inline std::string ExampleFileText(const std::string& name) {
-    std::ifstream file(std::string(TERRIX_EXAMPLES_DIR) + "/" + name, std::ios::binary);
-    EXPECT_TRUE(file) << name;
-    return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
-}
 
 inline Terrix ImportedText(const std::string& text, const std::string& forceUnit = "kN",
                            const std::string& lengthUnit = "m") {

@@ -16,7 +16,6 @@
 #include <TerrixPlatform/Units/Runtime/FastUnitConverter.h>
 #include <TerrixPlatform/Units/Runtime/UnitSystem.h>
 
-#include "ProfileComparison.h"
 #include "QueryTestSupport.h"
 #include "TestSupport.h"
 

@@ -32,8 +32,11 @@ using DumpCasesTest = TerrixToolTesting::ToolTest;
 // it does not.
 bool Holds(const Json& actual, const Json& expected, std::string& where) {
     if (!expected.is_structured() && actual == expected) return true;
-    if (!expected.is_structured() || actual.type() != expected.type() ||
-        (expected.is_array() && actual.size() != expected.size())) {
+    if (expected.is_array() && actual.is_array() && actual.size() != expected.size()) {
+        where += ": " + std::to_string(actual.size()) + " elements, not " + std::to_string(expected.size());
+        return false;
+    }
+    if (!expected.is_structured() || actual.type() != expected.type()) {
         where += ": " + actual.dump().substr(0, 300) + ", not " + expected.dump().substr(0, 300);
         return false;
     }
@@ -95,7 +98,7 @@ TEST_F(DumpCasesTest, SectionsAndTheirMembersStandInFileOrder) {
     const Json v5 = dump(ExamplePath("offshore-v5.terrix"))[0]["sections"];
     EXPECT_EQ(KeysOf(v5), LinesOf(TestData("expected/tool-dump-section-titles-offshore-v5.txt")));
     EXPECT_EQ(KeysOf(v5[axial]), (Keys{"DIAMP", "WALL", "ZTIP", "MATPIL", "records"}));
-    const Json withoutAK = dump(std::string(TERRIX_TEST_CASES_DIR) + "/dump/offshore-v5-without-ak.terrix")[0];
+    const Json withoutAK = dump(std::string(TERRIX_TEST_CASES_DIR) + "/round-trip/main-layers-without-ak-v5.terrix")[0];
     EXPECT_EQ(KeysOf(withoutAK["sections"]["SOIL MAIN LAYERS AND PROPERTIES SECTION"]["records"][0]),
               (Keys{"MAIN LAYER", "ZBOTM", "GAMTOT", "CPTTOP", "CPTBOT", "PHI", "DR", "SUTOP", "SUBOT", "IP", "EPSC",
                     "API-J"}));

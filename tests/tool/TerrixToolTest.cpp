@@ -25,7 +25,7 @@ const std::string examplePath = ExamplePath("offshore-v5.terrix");
 // with a few control values whose JSON text is worth a look: CONFRC
 // 0.1 + 0.2 (0.30000000000000004, all 17 digits needed), GAMMAW 9.81,
 // ZCYCL -12.345, SUSTIF NaN and NUMBS 0 without NUMDM and NUMBM.
-const std::string south = TestData("tool-generated-south-02.terrix");
+const std::string south = ReadFile(std::string(TERRIX_TEST_CASES_DIR) + "/dump/south-02.terrix");
 
 // A stream of the offshore example and `next`, the marker line between.
 std::string TwoProfiles(const std::string& next) {

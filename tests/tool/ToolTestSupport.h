@@ -23,8 +23,10 @@ namespace TerrixToolTesting {
 
 using TerrixExchange::Testing::TestData;
 // A tool test changes a file in one place that it names exactly.
-inline std::string Replaced(const std::string& text, const std::string& from, const std::string& to) {
-    return TerrixExchange::Testing::ReplacedOnce(text, from, to);
+inline std::string Replaced(std::string text, const std::string& from, const std::string& to) {
+    const std::size_t at = text.find(from);
+    EXPECT_TRUE(at != std::string::npos && text.find(from, at + 1) == std::string::npos) << from;
+    return at == std::string::npos ? text : text.replace(at, from.size(), to);
 }
 
 struct ToolRun {
