@@ -73,6 +73,26 @@ TEST(ProfileApi, AProfileWithoutVersionOrALayerItDoesNotHoldHasNoAnswers) {
     EXPECT_FALSE(profile.GetZoneOfInfluenceTZ() || profile.GetCurveShapeFactorTZ());
 }
 
+// A layer a host cuts from a version 5 main layer has the main layer's axial
+// values at its own levels, and the strengths at the main layer's levels.
+// Curve data made and not filled have code 0 and no curves or factors.
+TEST(ProfileApi, APieceOfAMainLayerAndCurveDataNotYetFilled) {
+    const Terrix profile = Read(CaseText("round-trip/every-section-v5.terrix"));
+    const auto numbers = [](const Terrix::StressByLevel& table) {
+        Points points;
+        for (const auto& [level, stress] : table) points[level.GetValue()] = stress.GetValue();
+        return points;
+    };
+    const Layer piece = MakeLayer(2, 3, 1, 6.0, 9.0);
+    EXPECT_EQ(numbers(profile.GetSkinCompression(piece)), (Points{{6.0, 20.0}, {9.0, 35.5}}));
+    EXPECT_EQ(numbers(profile.GetSUz(piece)), (Points{{5.5, 40.0}, {12.0, 60.0}}));
+    EXPECT_EQ(numbers(profile.GetSkinCompression(MakeLayer(2, 3, 1, 6.0, 6.0))), (Points{{6.0, 35.5}}));
+
+    const PyData py;
+    EXPECT_TRUE(py.code == 0 && py.manualCurves.empty() && py.modifications.empty());
+    EXPECT_TRUE(TzData().code == 0 && QzData().code == 0);
+}
+
 TEST(ProfileApi, AManualCurveIsTheFirstOfExactlyItsLayerAndDiameter) {
     ManualPyLateralResistanceDataSection section;
     section.records = {{3, Length(2.0), {0.0, 15.0, 30.0}, {0.0, 0.01, 0.02}},

@@ -108,6 +108,8 @@ inline Terrix Read(const std::string& text) {
     return profiles.GetSoilProfiles().at(0);
 }
 
+inline Terrix ExampleProfile(const std::string& name) { return Read(ExampleFileText(name)); }
+
 // The profile written with its header lines and the end line, in `units`.
 inline std::string Written(Terrix profile, const Units::Runtime::UnitSystem& units) {
     std::list<std::string> header;

@@ -16,7 +16,6 @@
 #include <TerrixPlatform/Units/Runtime/FastUnitConverter.h>
 #include <TerrixPlatform/Units/Runtime/UnitSystem.h>
 
-#include "QueryTestSupport.h"
 #include "TestSupport.h"
 
 namespace {
@@ -24,6 +23,13 @@ namespace {
 using namespace TerrixExchange;
 using namespace TerrixExchange::Testing;
 using namespace TerrixExchange::Units::Runtime;
+
+Terrix ImportedText(const std::string& text, const std::string& forceUnit, const std::string& lengthUnit) {
+    std::istringstream stream(text);
+    Terrix profile;
+    profile.Import(stream, forceUnit, lengthUnit);
+    return profile;
+}
 
 const DynamicDimension force = ForcePhenomenon::dimension;
 const DynamicDimension length = LengthPhenomenon::dimension;
@@ -63,14 +69,14 @@ TEST(Units, AnUnknownUnitNameIsAnErrorThatNamesIt) {
         {"", "m", "Unknown force unit: ''"},               {"kN", "furlong", "Unknown length unit: 'furlong'"},
         {"kN", "M", "Unknown length unit: 'M'"}};
     for (const auto& [forceUnit, lengthUnit, message] : cases)
-        EXPECT_EQ(QueryErrorOf([&] { UnitSystem(forceUnit, lengthUnit); }), message);
+        EXPECT_EQ(ErrorOf([&] { UnitSystem(forceUnit, lengthUnit); }), message);
     // The profile's entry points pass the error on.
     Terrix profile;
     std::ostringstream text;
-    EXPECT_EQ(QueryErrorOf([&] { profile.Export(text, "kN", "furlong", {}, true); }),
+    EXPECT_EQ(ErrorOf([&] { profile.Export(text, "kN", "furlong", {}, true); }),
               "Unknown length unit: 'furlong'");
     std::istringstream input("TERRIX\n");
-    EXPECT_EQ(QueryErrorOf([&] { profile.Import(input, "pound", "ft"); }), "Unknown force unit: 'pound'");
+    EXPECT_EQ(ErrorOf([&] { profile.Import(input, "pound", "ft"); }), "Unknown force unit: 'pound'");
 }
 
 // Decimal numbers as a file gives them, in the exporter's shortest text:
