@@ -16,38 +16,12 @@
 #include <gtest/gtest.h>
 
 #include <TerrixExchange/archive/ImportError.h>
-#include <TerrixExchange/archive/SpiritExporter.h>
-#include <TerrixExchange/archive/SpiritImporter.h>
 #include <TerrixExchange/document/TerrixMultipleSoilProfiles.h>
-#include <TerrixPlatform/Units/Runtime/FastUnitConverter.h>
 #include <TerrixPlatform/Units/Runtime/UnitSystem.h>
 
 namespace TerrixExchange { namespace Testing {
 
 using Length = Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>;
-
-// Runs `read` with an importer over `text` whose values are in the named units.
-inline void ReadText(const std::string& text, const std::function<void(Importer&)>& read,
-                     const std::string& forceUnit = "kN", const std::string& lengthUnit = "m",
-                     bool titleMode = true) {
-    std::istringstream stream(text);
-    stream.unsetf(std::ios::skipws);
-    Importer importer(StreamIterator(stream), StreamIterator(), Units::Runtime::UnitSystem(forceUnit, lengthUnit),
-                      titleMode);
-    read(importer);
-}
-
-// The text that `write` writes with an exporter of column width 10 into the
-// named units.
-inline std::string WriteText(const std::function<void(Exporter&)>& write, const std::string& forceUnit = "kN",
-                             const std::string& lengthUnit = "m") {
-    std::ostringstream stream;
-    Exporter exporter(StreamSink(stream), 10,
-                      Units::Runtime::FastUnitConverter(Units::Runtime::GetDatabaseUnitSystem(),
-                                                        Units::Runtime::UnitSystem(forceUnit, lengthUnit)));
-    write(exporter);
-    return stream.str();
-}
 
 // The message of the std::exception that `action` throws; fails the test if
 // it throws nothing.
@@ -67,14 +41,6 @@ inline std::string WithLineEnds(const std::string& text, const std::string& line
     std::string result;
     for (char c : text) result += c == '\n' ? lineEnd : std::string(1, c);
     return result;
-}
-
-// `text` with the first `from` replaced by `to`; fails the test when `from`
-// does not occur.
-inline std::string Replaced(std::string text, const std::string& from, const std::string& to) {
-    const std::size_t at = text.find(from);
-    EXPECT_NE(at, std::string::npos) << from;
-    return at == std::string::npos ? text : text.replace(at, from.size(), to);
 }
 
 inline std::string FileText(const std::string& path) {
