@@ -8,6 +8,7 @@
 // A new case is a file or two.
 
 #include <cstdlib>
+#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -92,6 +93,23 @@ TEST(FormatCases, EveryValueOfARoundTripTextCountsInTheComparisonOfProfiles) {
                 column += number.size();
             }
             lineStart = lineEnd + 1;
+        }
+    }
+}
+
+// Every text of the dump cases, hand-written or not, is written as text that
+// reads back as the same text, from its own units and from N and mm.
+TEST(FormatCases, EachDumpCaseTextIsWrittenAsTextThatReadsBackUnchanged) {
+    for (const std::string& path : CaseTexts("dump")) {
+        std::istringstream stream(FileText(path));
+        TerrixMultipleSoilProfiles profiles;
+        profiles.Import(stream);
+        for (const Terrix& profile : profiles.GetSoilProfiles()) {
+            const std::string text = Written(profile);
+            EXPECT_EQ(Written(Read(text)), text) << path;
+            EXPECT_EQ(Written(Read(Written(profile, Units::Runtime::UnitSystem("N", "mm"))), profile.GetUnitSystem()),
+                      text)
+                << path;
         }
     }
 }

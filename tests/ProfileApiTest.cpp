@@ -3,6 +3,7 @@
 // hold, curves whose two lines a program filled unequally, and the lookups
 // and counts of the sections that no query asks for.
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <map>
@@ -91,6 +92,15 @@ TEST(ProfileApi, APieceOfAMainLayerAndCurveDataNotYetFilled) {
     const PyData py;
     EXPECT_TRUE(py.code == 0 && py.manualCurves.empty() && py.modifications.empty());
     EXPECT_TRUE(TzData().code == 0 && QzData().code == 0);
+
+    // A main layer table a host fills and has not yet settled the layout of
+    // is one with AK.
+    Terrix made(Version::V5);
+    made.GetTerrixInputData().soilMainLayersAndPropertiesSection.records.resize(1);
+    made.GetTerrixInputData().soilMainLayersAndPropertiesSection.records[0].MAIN = 2;
+    made.GetTerrixInputData().soilMainLayersAndPropertiesSection.records[0].AK = 1.5;
+    ASSERT_TRUE(made.GetInitialModulus(piece));
+    EXPECT_EQ(made.GetInitialModulus(piece)->GetValue(), 1.5);
 }
 
 TEST(ProfileApi, AManualCurveIsTheFirstOfExactlyItsLayerAndDiameter) {
@@ -155,4 +165,78 @@ TEST(ProfileApi, AProfileOfTheLayoutWithoutAKReadsNoTableWithAK) {
     EXPECT_NE(ErrorOf([&] { profile.Import(text, "kN", "m"); })
                   .find("Unable to find section\nWhile importing section: 'SOIL MAIN LAYERS AND PROPERTIES SECTION'"),
               std::string::npos);
+}
+
+// Each factor of a modification row is the member of its column: the rows
+// "0 0" of every-section-v4 hold a different number in every column, and
+// layer 4 at 1.524 m is covered by them alone.
+TEST(ProfileApi, EachFactorOfAModificationRowIsTheMemberOfItsColumn) {
+    const Terrix profile = Read(CaseText("round-trip/every-section-v4.terrix"));
+    const Layer layer = MakeLayer(1, 4, 1, 16.0, 20.0);
+    const Length diameter(1.524);
+    using Factors = std::vector<double>;
+    const PyModification py = profile.GetPyData(layer).modifications.at(diameter);
+    EXPECT_EQ((Factors{py.P_FACT, py.Y_FACT, py.Y_GAP, py.P_PEAK_FCT, py.P_RES_FCT, py.Y_RES_FCT}),
+              (Factors{1.1, 1.2, 0.03, 1.4, 1.5, 1.6}));
+    const TzModification tz = profile.GetTzData(layer).modifications.at(diameter);
+    EXPECT_EQ((Factors{tz.CMP_FCT, tz.TNS_FCT, tz.TZZ_FCT, tz.T_RES_FCT, tz.Z_RES_FCT}), (Factors{1.1, 1.2, 1.3, 1.4, 1.5}));
+    const QzModification qz = profile.GetQzData(layer).modifications.at(diameter);
+    EXPECT_EQ((Factors{qz.CMP_FCT, qz.TNS_FCT, qz.QZZ_FCT, qz.Q_RES_FCT, qz.Z_RES_FCT}), (Factors{1.1, 1.2, 1.3, 1.4, 1.5}));
+    const MThetaModification mTheta = profile.GetMthetaData(layer).modifications.at(diameter);
+    EXPECT_EQ((Factors{mTheta.M_FCT, mTheta.THETA_FCT}), (Factors{1.1, 1.2}));
+    const BSYModification bsY = profile.GetBSyData(layer).modifications.at(diameter);
+    EXPECT_EQ((Factors{bsY.BS_FCT, bsY.Y_FCT}), (Factors{1.1, 1.2}));
+    const BMThetaModification bmTheta = profile.GetBMthetaData(layer).modifications.at(diameter);
+    EXPECT_EQ((Factors{bmTheta.BM_FCT, bmTheta.THETA_FCT}), (Factors{1.1, 1.2}));
+}
+
+// Import does not clear a profile first: each section read replaces what
+// the profile held (no diameters for NUMDIA 0), a failure keeps the sections
+// read before it, and the caller's stream keeps its own flags.
+TEST(ProfileApi, AnImportReplacesTheSectionsItReadsAndKeepsThoseItReadBeforeAFailure) {
+    Terrix profile = Read(CaseText("round-trip/every-section-v5.terrix"));
+    std::istringstream newProfile(CaseText("round-trip/new-profile-v5.terrix"));
+    profile.Import(newProfile, "kN", "m");
+    EXPECT_TRUE(profile.GetTerrixInputData() == Read(CaseText("round-trip/new-profile-v5.terrix")).GetTerrixInputData());
+    EXPECT_TRUE(newProfile.flags() & std::ios::skipws);
+
+    std::string text = CaseText("round-trip/every-section-v4.terrix");
+    text.replace(text.find("SOIL SURFACE AND"), 4, "SOYL");
+    std::istringstream broken(text);
+    Terrix partly(Version::V4);
+    EXPECT_THROW(partly.Import(broken, "kN", "m"), ImportError);
+    EXPECT_EQ(partly.GetTerrixInputData().materialCoefficientsSection.SFSU, 1.4);
+    EXPECT_EQ(partly.GetDiameterCount(), 2u);
+    EXPECT_EQ(partly.GetTerrixInputData().soilSurfaceAndGroundWaterSection.ZSURF, 0.0);
+}
+
+// Where the values of a file stand: each title, parameter and row at the line
+// that holds it, after comment lines, in any profile of a stream, and for a
+// table read again in its layout without AK.
+TEST(ProfileApi, TheImporterNotesTheLineOfEachTitleParameterAndRow) {
+    const auto linesOf = [](const std::string& text) {
+        std::istringstream stream(text);
+        TerrixMultipleSoilProfiles profiles;
+        std::vector<SourceLines> lines;
+        profiles.Import(stream, lines);
+        return lines;
+    };
+    const auto lineOf = [](const std::string& text, const std::string& part, std::size_t from = 0) {
+        return std::uint64_t(1 + std::count(text.begin(), text.begin() + text.find(part, from), '\n'));
+    };
+    const std::string byHand = CaseText("dump/hand-written-v4.terrix");
+    const SourceLines handLines = linesOf(byHand).at(0);
+    EXPECT_EQ(handLines.GetSectionLine("CONTROL SECTION"), lineOf(byHand, "CONTROL SECTION"));
+    EXPECT_EQ(handLines.GetParameterLine("CONTROL SECTION", "CONFRC"), lineOf(byHand, "CONFRC"));
+    EXPECT_EQ(handLines.GetRowLine("SOIL TYPE AND PROPERTY SECTION", 0), lineOf(byHand, "1.9\t19.5"));
+    EXPECT_EQ(handLines.GetRowLine("MANUAL P-Y (LATERAL RESISTANCE) DATA SECTION", 1), lineOf(byHand, "3 2.0 2"));
+    EXPECT_EQ(handLines.GetRowLine("SOIL TYPE AND PROPERTY SECTION", 2), 0u);
+
+    const std::string stream = CaseText("dump/stream-of-three-profiles.terrix");
+    const std::vector<SourceLines> lines = linesOf(stream);
+    ASSERT_EQ(lines.size(), 3u);
+    EXPECT_EQ(lines[1].GetParameterLine("CONTROL SECTION", "NUMLAY"), lineOf(stream, " NUMLAY "));
+    EXPECT_EQ(lines[1].GetRowLine("SOIL LAYER DIV ...", 3), lineOf(stream, "         4         6"));
+    EXPECT_EQ(lines[2].GetRowLine("SOIL MAIN LAYERS AND PROPERTIES SECTION", 1),
+              lineOf(stream, "         2      12.0", stream.rfind("TERRIX Version")));
 }
