@@ -3,7 +3,6 @@
 // hold, curves whose two lines a program filled unequally, and the lookups
 // and counts of the sections that no query asks for.
 
-#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <map>
@@ -190,6 +189,25 @@ TEST(ProfileApi, EachFactorOfAModificationRowIsTheMemberOfItsColumn) {
     EXPECT_EQ((Factors{bmTheta.BM_FCT, bmTheta.THETA_FCT}), (Factors{1.1, 1.2}));
 }
 
+// An export writes what the profile holds, also what does not read back:
+// divisions beyond NUMLAY, and lists of different lengths, of which NUMPNT
+// and NUMFRC count the first.
+TEST(ProfileApi, AnExportNeverDropsAValue) {
+    Terrix profile = Read(CaseText("round-trip/every-section-v4.terrix"));
+    TerrixInputData& data = profile.GetTerrixInputData();
+    data.controlSection.NUMLAY = 1;
+    data.manualPyLateralResistanceDataSection.records[0].resistances.push_back(200000.0);
+    data.loadsAtSoilSurfaceSection.pointForces.push_back(210000.0);
+    const std::string text = Written(profile);
+    EXPECT_NE(text.find("         4         6         1      20.0       287       200       200\n"), std::string::npos);
+    EXPECT_NE(text.find("         1     1.524         7\n"
+                        "       0.0      42.4      61.1      91.3     131.6     182.5     200.0\n"
+                        "       0.0   0.00762   0.02286    0.0762    0.2286    0.6096\n"),
+              std::string::npos);
+    EXPECT_NE(text.find("        21 NUMFRC"), std::string::npos);
+    EXPECT_NE(text.find("     200.0     210.0 POINT FORCE VALUES\n"), std::string::npos);
+}
+
 // Import does not clear a profile first: each section read replaces what
 // the profile held (no diameters for NUMDIA 0), a failure keeps the sections
 // read before it, and the caller's stream keeps its own flags.
@@ -211,8 +229,8 @@ TEST(ProfileApi, AnImportReplacesTheSectionsItReadsAndKeepsThoseItReadBeforeAFai
 }
 
 // Where the values of a file stand: each title, parameter and row at the line
-// that holds it, after comment lines, in any profile of a stream, and for a
-// table read again in its layout without AK.
+// that holds it, whatever its line ends, after comment lines, in any profile
+// of a stream, and for a table read again in its layout without AK.
 TEST(ProfileApi, TheImporterNotesTheLineOfEachTitleParameterAndRow) {
     const auto linesOf = [](const std::string& text) {
         std::istringstream stream(text);
@@ -221,8 +239,12 @@ TEST(ProfileApi, TheImporterNotesTheLineOfEachTitleParameterAndRow) {
         profiles.Import(stream, lines);
         return lines;
     };
+    // Lines end at LF, CR LF or a lone CR, as the hand-written text has them.
     const auto lineOf = [](const std::string& text, const std::string& part, std::size_t from = 0) {
-        return std::uint64_t(1 + std::count(text.begin(), text.begin() + text.find(part, from), '\n'));
+        std::uint64_t line = 1;
+        for (std::size_t i = 0; i < text.find(part, from); ++i)
+            line += text[i] == '\n' || (text[i] == '\r' && text[i + 1] != '\n');
+        return line;
     };
     const std::string byHand = CaseText("dump/hand-written-v4.terrix");
     const SourceLines handLines = linesOf(byHand).at(0);
@@ -235,8 +257,8 @@ TEST(ProfileApi, TheImporterNotesTheLineOfEachTitleParameterAndRow) {
     const std::string stream = CaseText("dump/stream-of-three-profiles.terrix");
     const std::vector<SourceLines> lines = linesOf(stream);
     ASSERT_EQ(lines.size(), 3u);
-    EXPECT_EQ(lines[1].GetParameterLine("CONTROL SECTION", "NUMLAY"), lineOf(stream, " NUMLAY "));
-    EXPECT_EQ(lines[1].GetRowLine("SOIL LAYER DIV ...", 3), lineOf(stream, "         4         6"));
+    EXPECT_EQ(lines[0].GetRowLine("SOIL LAYER DIV ...", 3), lineOf(stream, "         4         6"));
+    EXPECT_EQ(lines[1].GetParameterLine("CONTROL SECTION", "NUMLAYM"), lineOf(stream, " NUMLAYM "));
     EXPECT_EQ(lines[2].GetRowLine("SOIL MAIN LAYERS AND PROPERTIES SECTION", 1),
               lineOf(stream, "         2      12.0", stream.rfind("TERRIX Version")));
 }

@@ -98,6 +98,9 @@ TEST_F(DumpCasesTest, SectionsAndTheirMembersStandInFileOrder) {
     const Json v5 = dump(ExamplePath("offshore-v5.terrix"))[0]["sections"];
     EXPECT_EQ(KeysOf(v5), LinesOf(TestData("expected/tool-dump-section-titles-offshore-v5.txt")));
     EXPECT_EQ(KeysOf(v5[axial]), (Keys{"DIAMP", "WALL", "ZTIP", "MATPIL", "records"}));
+    EXPECT_EQ(KeysOf(v5["CONTROL SECTION"]), (Keys{"profileName", "CONFRC", "CONLTH", "NUMLAYM", "NUMDSP", "GAMMAW",
+                                                   "ATMPRS", "ZCYCL", "SUSTIF", "JPRINT", "JECHO", "NUMDM", "NUMBS",
+                                                   "NUMBM"}));
     const Json withoutAK = dump(std::string(TERRIX_TEST_CASES_DIR) + "/round-trip/main-layers-without-ak-v5.terrix")[0];
     EXPECT_EQ(KeysOf(withoutAK["sections"]["SOIL MAIN LAYERS AND PROPERTIES SECTION"]["records"][0]),
               (Keys{"MAIN LAYER", "ZBOTM", "GAMTOT", "CPTTOP", "CPTBOT", "PHI", "DR", "SUTOP", "SUBOT", "IP", "EPSC",

@@ -157,7 +157,8 @@ TEST_F(TerrixToolTest, ConvertToOtherUnitsThenCheckAndDumpRoundTrip) {
     EXPECT_EQ(Run({"convert", "--to", "kN", "m", converted}).out, ReadFile(examplePath));
 }
 
-TEST_F(TerrixToolTest, DumpGivesTheLibrarysValuesInDatabaseUnits) {
+// The values themselves the dump cases show.
+TEST_F(TerrixToolTest, DumpWritesNumbersInTheirShortestTextAndOneProfileOfAStream) {
     const ToolRun run = Run({"dump", File("south.txt", south)});
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.err, "");
@@ -165,35 +166,12 @@ TEST_F(TerrixToolTest, DumpGivesTheLibrarysValuesInDatabaseUnits) {
     EXPECT_NE(run.out.find("\"CONFRC\": 0.30000000000000004,"), std::string::npos) << run.out;
     EXPECT_NE(run.out.find("\"GAMMAW\": 9810,"), std::string::npos) << run.out;
 
-    const nlohmann::ordered_json json = nlohmann::ordered_json::parse(run.out);
-    ASSERT_EQ(json["profiles"].size(), 1u);
-    const nlohmann::ordered_json& profile = json["profiles"][0];
-    EXPECT_EQ(profile["version"], 5);
-    EXPECT_EQ(profile["name"], "SOUTH-02");
-    EXPECT_EQ(profile["header"], "Generated profile\nsecond header line");
-    EXPECT_EQ(profile["units"], nlohmann::ordered_json({{"force", "kN"}, {"length", "m"}}));
-    // The control section's lines of version 5, in file order; NaN as a
-    // string, a count the file does not give as null.
-    EXPECT_EQ(profile["sections"]["CONTROL SECTION"], nlohmann::ordered_json::parse(R"({
-        "profileName": "SOUTH-02", "CONFRC": 0.30000000000000004, "CONLTH": 0, "NUMLAYM": 0, "NUMDSP": 0,
-        "GAMMAW": 9810, "ATMPRS": 101300, "ZCYCL": -12.345, "SUSTIF": "NaN", "JPRINT": 0, "JECHO": 0,
-        "NUMDM": null, "NUMBS": 0, "NUMBM": null})"));
-
-    // A header written by an old program in Latin-1 (0xD8 is the letter Ø)
-    // keeps every byte; one in UTF-8 stays as it is.
-    const std::string latin1 = Replaced(south, "Generated profile", "\xD8rsted field, \xB0" "C");
-    EXPECT_NE(Run({"dump", "-"}, latin1)
-                  .out.find("\"header\": \"\xC3\x98rsted field, \xC2\xB0" "C\\nsecond header line\","),
-              std::string::npos);
-    const std::string utf8 = Replaced(south, "Generated profile", "\xC3\x98rsted");
-    EXPECT_NE(Run({"dump", "-"}, utf8).out.find("\"header\": \"\xC3\x98rsted\\n"), std::string::npos);
-
     // --profile picks one profile of a stream, -o names the output file.
     const std::string two = TwoProfiles(south);
     const ToolRun byName = Run({"dump", "--profile", "SOUTH-02", "-o", Path("south.json"), "-"}, two);
     EXPECT_EQ(byName.status, 0);
     EXPECT_EQ(byName.out, "");
-    EXPECT_EQ(nlohmann::ordered_json::parse(ReadFile(Path("south.json")))["profiles"], json["profiles"]);
+    EXPECT_EQ(ReadFile(Path("south.json")), run.out);
     const nlohmann::json first = nlohmann::json::parse(Run({"dump", "--profile", "#0", "-"}, two).out);
     ASSERT_EQ(first["profiles"].size(), 1u);
     EXPECT_EQ(first["profiles"][0]["name"], "NS-MP07");
