@@ -147,6 +147,13 @@ TEST(UnitDeduction, FreshWaterWithinFivePerCentStillGivesTheUnits) {
     EXPECT_EQ(Deduced(freshWater, "lbf", "ft"), Deduction(true, "lbf", "ft"));
 }
 
+TEST(UnitDeduction, AControlSectionThatDoesNotReadGivesItsImportError) {
+    std::istringstream text(CaseText("import-errors/misspelt-parameter-name.terrix"));
+    std::string forceUnit, lengthUnit;
+    EXPECT_EQ(ErrorOf([&] { Terrix::TryDeduceUnits(text, forceUnit, lengthUnit); }),
+              CaseText("import-errors/misspelt-parameter-name.error"));
+}
+
 TEST(UnitDeduction, NoPairWithinFivePerCentGivesFalse) {
     // No air pressure, no water, water that weighs less than nothing.
     EXPECT_EQ(Deduced(WithWaterAndAir(10051.8, 0.0), "N", "m"), none);

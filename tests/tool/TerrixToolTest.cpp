@@ -69,6 +69,11 @@ TEST_F(TerrixToolTest, UnitsThatCannotBeDeducedAreAskedFor) {
     const ToolRun given = Run({"check", "--units", "kN", "m", file});
     EXPECT_EQ(given.status, 0) << given.err;
     EXPECT_EQ(given.out, file + ": OK version 5, 1 profile, units kN m\n");
+    // Every command reads the file in the units given.
+    EXPECT_EQ(Run({"convert", "--units", "kN", "m", file}).out, ReadFile(file));
+    EXPECT_NE(Run({"show", "--units", "kN", "m", file}).out.find("values in kN and m"), std::string::npos);
+    const nlohmann::json inMillimetres = nlohmann::json::parse(Run({"dump", "--units", "N", "mm", file}).out);
+    EXPECT_EQ(inMillimetres["profiles"][0]["parameters"]["LowestLevelWithCyclicPY"], 0.012);  // ZCYCL 12.0
 }
 
 TEST_F(TerrixToolTest, WrongUsageExits2AndUnknownUnitNamesExit1) {
