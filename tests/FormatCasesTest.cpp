@@ -1,10 +1,13 @@
 // The cases of the format, kept as data in tests/cases, each text read as
 // `terrix check` reads a file (a stream of profiles, the units of each
-// deduced from its control section) and with LF, CR LF and lone CR line
-// ends alike:
-// - import-errors/NAME.terrix gives the whole error of NAME.error;
+// deduced from its control section):
+// - import-errors/NAME.terrix gives the whole error of NAME.error, with LF,
+//   CR LF and lone CR line ends alike;
 // - round-trip/NAME.terrix is a profile exactly as the library writes it in
-//   its units, and written in other units it reads back as the same text.
+//   its units, with any line ends, and written in other units it reads back
+//   as the same profile and text; each of its values counts;
+// - dump/NAME.terrix, whose dump the tool tests check, is written as text
+//   that reads back as the same text.
 // A new case is a file or two.
 
 #include <cstdlib>
