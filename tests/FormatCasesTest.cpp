@@ -1,14 +1,19 @@
-// The cases of the format, kept as data: every tests/cases/*/NAME.terrix is
-// a small TERRIX text, read as `terrix check` reads a file (a stream of
-// profiles, units deduced from each control section). Beside it,
-// NAME.error holds the whole import error it must give. Each text is read
-// with LF, CR LF and lone CR line ends alike. A new case is two files.
+// The cases of the format, kept as data in tests/cases, each text read as
+// `terrix check` reads a file (a stream of profiles, the units of each
+// deduced from its control section):
+// - import-errors/NAME.terrix gives the whole error of NAME.error, with LF,
+//   CR LF and lone CR line ends alike;
+// - round-trip/NAME.terrix is a profile exactly as the library writes it in
+//   its units, with any line ends, and written in other units it reads back
+//   as the same profile and text; each of its values counts;
+// - dump/NAME.terrix, whose dump the tool tests check, is written as text
+//   that reads back as the same text.
+// A new case is a file or two.
 
-#include <algorithm>
-#include <filesystem>
-#include <fstream>
+#include <cstdlib>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -22,39 +27,99 @@ using namespace TerrixExchange::Testing;
 
 namespace {
 
-namespace fs = std::filesystem;
+const char* const lineEnds[] = {"\n", "\r\n", "\r"};
 
-std::string FileText(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
+std::string LineEndName(const std::string& lineEnd) {
+    return lineEnd == "\n" ? "LF" : lineEnd == "\r\n" ? "CR LF" : "CR";
 }
 
-// Every case text, in a stable order.
-std::vector<fs::path> CaseTexts() {
-    std::vector<fs::path> texts;
-    for (const auto& entry : fs::recursive_directory_iterator(fs::path(TERRIX_TEST_DATA_DIR) / ".." / "cases"))
-        if (entry.path().extension() == ".terrix") texts.push_back(entry.path());
-    std::sort(texts.begin(), texts.end());
-    return texts;
+// The text with another number in place of the `number` at `column`.
+std::string WithOtherNumber(const std::string& text, std::size_t column, const std::string& number) {
+    const std::string other = std::strtod(number.c_str(), nullptr) == 7.0 ? "8" : "7";
+    return text.substr(0, column) + other + text.substr(column + number.size());
 }
 
 }  // namespace
 
-TEST(FormatCases, EachMalformedTextGivesItsErrorWhateverItsLineEnds) {
-    const std::vector<fs::path> texts = CaseTexts();
+TEST(FormatCases, EachMalformedTextGivesItsWholeErrorWhateverItsLineEnds) {
+    const std::vector<std::string> texts = CaseTexts("import-errors");
     ASSERT_FALSE(texts.empty());
-    for (const fs::path& path : texts) {
-        const fs::path errorPath = fs::path(path).replace_extension(".error");
-        if (!fs::exists(errorPath)) continue;
-        std::string expected = FileText(errorPath);
+    for (const std::string& path : texts) {
+        std::string expected = FileText(path.substr(0, path.size() - 7) + ".error");
         if (!expected.empty() && expected.back() == '\n') expected.pop_back();
-        for (const char* lineEnd : {"\n", "\r\n", "\r"}) {
-            SCOPED_TRACE(path.filename().string() + (lineEnd[0] != '\r' ? "" : lineEnd[1] ? " (CR LF)" : " (CR)"));
-            std::istringstream stream(WithLineEnds(FileText(path), lineEnd));
-            TerrixMultipleSoilProfiles profiles;
-            EXPECT_EQ(ImportErrorOf([&] { profiles.Import(stream); }), expected);
+        for (const std::string lineEnd : lineEnds) {
+            SCOPED_TRACE(path + " (" + LineEndName(lineEnd) + ")");
+            EXPECT_EQ(ErrorOf([&] { Read(WithLineEnds(FileText(path), lineEnd)); }), expected);
         }
     }
+}
+
+TEST(FormatCases, EachRoundTripTextIsWrittenBackAsItStandsFromAnyUnits) {
+    const std::vector<std::string> texts = CaseTexts("round-trip");
+    ASSERT_FALSE(texts.empty());
+    for (const std::string& path : texts) {
+        SCOPED_TRACE(path);
+        const std::string text = FileText(path);
+        const Terrix profile = Read(text);
+        for (const std::string lineEnd : lineEnds)
+            EXPECT_EQ(Written(Read(WithLineEnds(text, lineEnd))), text) << LineEndName(lineEnd);
+        for (const auto& [force, length] : {std::pair("N", "mm"), std::pair("lbf", "ft"), std::pair("kN", "m")}) {
+            const Terrix back = Read(Written(profile, Units::Runtime::UnitSystem(force, length)));
+            EXPECT_TRUE(back.GetTerrixInputData() == profile.GetTerrixInputData()) << force << " " << length;
+            EXPECT_EQ(Written(back, profile.GetUnitSystem()), text) << force << " " << length;
+        }
+    }
+}
+
+// A profile is the values of its file: with any one value of a round-trip
+// text changed (the numbers that stand before the first word of a line), the
+// text reads as another profile, or not at all.
+TEST(FormatCases, EveryValueOfARoundTripTextCountsInTheComparisonOfProfiles) {
+    for (const std::string& path : CaseTexts("round-trip")) {
+        const std::string text = FileText(path);
+        const TerrixInputData original = Read(text).GetTerrixInputData();
+        std::size_t lineStart = 0;
+        for (int line = 1; lineStart < text.size(); ++line) {
+            const std::size_t lineEnd = text.find('\n', lineStart);
+            if (lineEnd == std::string::npos) break;
+            for (std::size_t column = text.find_first_not_of(' ', lineStart); column < lineEnd;
+                 column = text.find_first_not_of(' ', column)) {
+                const std::string number = text.substr(column, text.find_first_of(" \n", column) - column);
+                char* end = nullptr;
+                std::strtod(number.c_str(), &end);
+                if (number.empty() || *end != '\0') break;
+                try {
+                    EXPECT_FALSE(Read(WithOtherNumber(text, column, number)).GetTerrixInputData() == original)
+                        << path << ":" << line << ": " << number << " changed reads as the same profile";
+                } catch (const std::runtime_error&) {
+                }
+                column += number.size();
+            }
+            lineStart = lineEnd + 1;
+        }
+    }
+}
+
+// Every text of the dump cases, hand-written or not, is written as text that
+// reads back as the same text, from its own units and from N and mm.
+TEST(FormatCases, EachDumpCaseTextIsWrittenAsTextThatReadsBackUnchanged) {
+    for (const std::string& path : CaseTexts("dump")) {
+        std::istringstream stream(FileText(path));
+        TerrixMultipleSoilProfiles profiles;
+        profiles.Import(stream);
+        for (const Terrix& profile : profiles.GetSoilProfiles()) {
+            const std::string text = Written(profile);
+            EXPECT_EQ(Written(Read(text)), text) << path;
+            EXPECT_EQ(Written(Read(Written(profile, Units::Runtime::UnitSystem("N", "mm"))), profile.GetUnitSystem()),
+                      text)
+                << path;
+        }
+    }
+}
+
+// What a profile holds before it reads anything.
+TEST(FormatCases, ANewProfileIsWrittenAsTheNewProfileCases) {
+    const Units::Runtime::UnitSystem kNm("kN", "m");
+    EXPECT_EQ(Written(Terrix(Version::V4), kNm), CaseText("round-trip/new-profile-v4.terrix"));
+    EXPECT_EQ(Written(Terrix(Version::V5), kNm), CaseText("round-trip/new-profile-v5.terrix"));
 }

@@ -9,7 +9,7 @@
 
 #include <TerrixExchange/document/Terrix.h>
 
-#include "QueryTestSupport.h"
+#include "TestSupport.h"
 
 using namespace TerrixExchange;
 using namespace TerrixExchange::Testing;

@@ -23,8 +23,10 @@ namespace TerrixToolTesting {
 
 using TerrixExchange::Testing::TestData;
 // A tool test changes a file in one place that it names exactly.
-inline std::string Replaced(const std::string& text, const std::string& from, const std::string& to) {
-    return TerrixExchange::Testing::ReplacedOnce(text, from, to);
+inline std::string Replaced(std::string text, const std::string& from, const std::string& to) {
+    const std::size_t at = text.find(from);
+    EXPECT_TRUE(at != std::string::npos && text.find(from, at + 1) == std::string::npos) << from;
+    return at == std::string::npos ? text : text.replace(at, from.size(), to);
 }
 
 struct ToolRun {
@@ -61,19 +63,6 @@ inline std::string WithoutEndLine(const std::string& text) {
     const std::string endLine = "\nEND OF TERRIX INPUT FILE\n";
     EXPECT_EQ(text.substr(text.size() - std::min(text.size(), endLine.size())), endLine);
     return text.substr(0, text.size() - std::min(text.size(), endLine.size()));
-}
-
-
-// Every member of the JSON file `expectedFile` of tests/data/ is a JSON
-// pointer into `actual` and the value that stands there.
-inline void ExpectValuesAt(const nlohmann::ordered_json& actual, const std::string& expectedFile) {
-    const nlohmann::ordered_json expected = nlohmann::ordered_json::parse(TestData(expectedFile));
-    ASSERT_FALSE(expected.empty()) << expectedFile;
-    for (const auto& [key, value] : expected.items()) {
-        const nlohmann::ordered_json::json_pointer pointer(key);
-        ASSERT_TRUE(actual.contains(pointer)) << expectedFile << ": " << key;
-        EXPECT_EQ(actual.at(pointer), value) << expectedFile << ": " << key;
-    }
 }
 
 // Each test has a directory of its own for the files it writes.
