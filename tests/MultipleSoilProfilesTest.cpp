@@ -17,6 +17,7 @@ using namespace TerrixExchange::Testing;
 namespace {
 
 using Names = std::vector<std::string>;
+using Units::Runtime::UnitSystem;
 
 // Reads `text` into `profiles`, in the named units or, without them, in the
 // units each profile's control section tells.
@@ -105,4 +106,29 @@ TEST(MultipleSoilProfiles, TheProfilesBeforeAnErrorStay) {
     EXPECT_EQ(ErrorOf([&] { ImportInto(deduced, text); }), "Unable to deduce units");
     EXPECT_EQ(deduced.GetSoilProfileNames(), (Names{"NS-A12"}));
     EXPECT_EQ(Imported(text, "kN", "m").GetSoilProfiles().size(), 3u);
+}
+
+TEST(MultipleSoilProfiles, EachProfileIsWrittenBackWithItsOwnHeaderAndUnitsOrAllInTheUnitsGiven) {
+    // A stream of a profile in kN m and one in N mm, each with its header.
+    TerrixMultipleSoilProfiles profiles;
+    profiles.AddSoilProfile(ExampleProfile("offshore-v5.terrix"));
+    profiles.AddSoilProfile(Read(Written(ExampleProfile("north-sea-v4.terrix"), UnitSystem("N", "mm"))));
+    std::ostringstream own;
+    TerrixMultipleSoilProfiles(profiles).ExportWithOwnHeaders(own);
+    const TerrixMultipleSoilProfiles back = Imported(own.str());
+    ExpectSameProfiles(profiles, back);
+    for (std::size_t i = 0; i < 2; ++i) {
+        EXPECT_EQ(back.GetSoilProfiles()[i].GetHeader(), profiles.GetSoilProfiles()[i].GetHeader());
+        EXPECT_EQ(back.GetSoilProfiles()[i].GetUnitSystem(), profiles.GetSoilProfiles()[i].GetUnitSystem());
+    }
+    EXPECT_EQ(back.GetSoilProfiles()[1].GetUnitSystem(), UnitSystem("N", "mm"));
+    // The end line is written on demand; in the units given, all profiles
+    // are written in those.
+    std::ostringstream inFeet;
+    TerrixMultipleSoilProfiles(profiles).ExportWithOwnHeaders(inFeet, UnitSystem("lbf", "ft"), false);
+    EXPECT_EQ(inFeet.str().find("END OF TERRIX INPUT FILE"), std::string::npos);
+    EXPECT_NE(own.str().find("\n\nEND OF TERRIX INPUT FILE\n"), std::string::npos);
+    const TerrixMultipleSoilProfiles feet = Imported(inFeet.str());
+    ExpectSameProfiles(profiles, feet);
+    for (const Terrix& profile : feet.GetSoilProfiles()) EXPECT_EQ(profile.GetUnitSystem(), UnitSystem("lbf", "ft"));
 }

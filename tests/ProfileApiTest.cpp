@@ -113,6 +113,24 @@ TEST(ProfileApi, AManualCurveIsTheFirstOfExactlyItsLayerAndDiameter) {
         EXPECT_EQ(ErrorOf([&] { section.GetManualCurve(3, Length(diameter)); }), "Manual PY curve not defined");
     // Two lines filled unequally pair up to the shorter one.
     EXPECT_EQ(section.GetManualCurve(4, Length(2.0)).points, (Points{{0.0, 0.0}, {0.01, 20.0}}));
+
+    // All diameters of a layer at once give the same curves; a NaN diameter
+    // matches none, even first in the file, and a missing curve is an error
+    // only when required.
+    section.records.insert(section.records.begin(), {3, Length(std::nan("")), {1.0}, {1.0}});
+    const std::vector<Length> diameters = {Length(2.0), Length(std::nan("")), Length(1.0)};
+    const auto curves = section.GetManualCurves(3, diameters, false);
+    ASSERT_EQ(curves.size(), 1u);
+    EXPECT_EQ(curves.at(Length(2.0)), section.GetManualCurve(3, Length(2.0)));
+    EXPECT_EQ(ErrorOf([&] { section.GetManualCurves(3, diameters, true); }), "Manual PY curve not defined");
+    PyLateralResistanceDataModificationSection rows;
+    rows.records = {Row<PyLateralResistanceDataModificationSectionRecord>(1, 5, 2.0),
+                    Row<PyLateralResistanceDataModificationSectionRecord>(3, 3, 0.0)};
+    rows.records[1].modification.P_FACT = 0.5;
+    const auto factors = rows.GetModifications(3, {Length(2.0), Length(1.0)});
+    EXPECT_EQ(factors.at(Length(2.0)), rows.GetModification(3, Length(2.0)));
+    EXPECT_EQ(factors.at(Length(1.0)).P_FACT, 0.5);
+    EXPECT_EQ(ErrorOf([&] { rows.GetModifications(6, {Length(2.0)}); }), "Unable to find PY modifications");
 }
 
 TEST(ProfileApi, SectionCountsAndLookupsThatNoQueryAsksFor) {

@@ -147,6 +147,18 @@ TEST(UnitDeduction, FreshWaterWithinFivePerCentStillGivesTheUnits) {
     EXPECT_EQ(Deduced(freshWater, "lbf", "ft"), Deduction(true, "lbf", "ft"));
 }
 
+TEST(UnitDeduction, TheStreamIsReadAgainFromItsStartAfterTheDeduction) {
+    // As a host does it: deduce, go back to the start, import in those units.
+    std::istringstream file(ExampleFileText("north-sea-v4.terrix"));
+    std::string forceUnit, lengthUnit;
+    ASSERT_TRUE(Terrix::TryDeduceUnits(file, forceUnit, lengthUnit));
+    file.clear();
+    file.seekg(0);
+    Terrix profile;
+    profile.Import(file, forceUnit, lengthUnit);
+    EXPECT_TRUE(profile.GetTerrixInputData() == ExampleProfile("north-sea-v4.terrix").GetTerrixInputData());
+}
+
 TEST(UnitDeduction, AControlSectionThatDoesNotReadGivesItsImportError) {
     std::istringstream text(CaseText("import-errors/misspelt-parameter-name.terrix"));
     std::string forceUnit, lengthUnit;
