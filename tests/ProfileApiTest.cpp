@@ -11,6 +11,8 @@
 
 #include <gtest/gtest.h>
 
+#include <TerrixExchange/archive/JsonArchive.h>
+
 #include "TestSupport.h"
 
 using namespace TerrixExchange;
@@ -279,4 +281,16 @@ TEST(ProfileApi, TheImporterNotesTheLineOfEachTitleParameterAndRow) {
     EXPECT_EQ(lines[1].GetParameterLine("CONTROL SECTION", "NUMLAYM"), lineOf(stream, " NUMLAYM "));
     EXPECT_EQ(lines[2].GetRowLine("SOIL MAIN LAYERS AND PROPERTIES SECTION", 1),
               lineOf(stream, "         2      12.0", stream.rfind("TERRIX Version")));
+}
+
+TEST(ProfileApi, TheColumnsThatNewUnitsWouldChangeAreNamedOnceInFileOrder) {
+    std::vector<std::string> named;
+    for (const UnitBoundColumn& column : FindUnitBoundColumns(ExampleProfile("north-sea-v4.terrix")))
+        named.push_back(column.column + (column.meaning == ColumnMeaning::KeptAsWritten ? "" : " at a level"));
+    EXPECT_EQ(named, (std::vector<std::string>{"SU.Z=100 at a level", "SKIN-CMP", "SKIN-TNS", "G0-SOIL", "SIG-TIP",
+                                               "Y-GAP"}));
+    // A new profile holds no value other than 0; a profile of no version
+    // has no sections to describe.
+    EXPECT_TRUE(FindUnitBoundColumns(Terrix(Version::V5)).empty());
+    EXPECT_EQ(DescribeSections(Terrix(Version::Unknown)), Json::object());
 }
