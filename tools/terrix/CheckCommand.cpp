@@ -47,12 +47,12 @@ int RunCheck(const CheckOptions& options) {
             // Divisions that the format allows but no profile can be split
             // into are errors of the file, at their lines.
             bool sound = true;
-            for (std::size_t i = 0; i < read.profiles.size(); ++i)
-                if (const auto error = FindLayerDivisionError(read.profiles[i], read.lines[i])) {
+            for (std::size_t i = 0; i < read.Profiles().size(); ++i)
+                if (const auto error = FindLayerDivisionError(read.Profiles()[i], read.lines[i])) {
                     std::cout << file << ":" << error->line << ": error: " << error->text << std::endl;
                     sound = false;
                 }
-            if (sound) std::cout << file << ": OK " << Summary(read.profiles) << std::endl;
+            if (sound) std::cout << file << ": OK " << Summary(read.Profiles()) << std::endl;
             else status = 1;
         } catch (const Failure& failure) {
             std::cerr << "terrix: " << failure.what() << std::endl;

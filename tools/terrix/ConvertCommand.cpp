@@ -49,7 +49,8 @@ void WarnOfUnitBoundColumns(const std::string& file, std::size_t index, const Te
 
 int RunConvert(const ConvertOptions& options) {
     const boost::optional<UnitNames> to = ToUnitNames(options.to, "--to");
-    std::vector<Terrix> profiles = ReadProfiles(options.file, ToUnitNames(options.units, "--units")).profiles;
+    FileProfiles read = ReadProfiles(options.file, ToUnitNames(options.units, "--units"));
+    const std::vector<Terrix>& profiles = read.Profiles();
     const std::vector<std::size_t> chosen = SelectProfiles(profiles, options.profile);
     // A profile that would not read back as it is is never written.
     for (std::size_t index : chosen) {
@@ -60,13 +61,16 @@ int RunConvert(const ConvertOptions& options) {
         throw FileFailure(options.file, "cannot convert", detail);
     }
 
-    // Each profile keeps its own header lines and, without --to, its units.
-    TerrixExchange::TerrixMultipleSoilProfiles written;
     for (std::size_t index : chosen) {
         const UnitNames from = UnitsOf(profiles[index]);
         if (to && !(*to == from)) WarnOfUnitBoundColumns(options.file, index, profiles[index], from, *to);
-        written.AddSoilProfile(profiles[index]);
     }
+    // Each profile keeps its own header lines and, without --to, its units.
+    // The profiles read are written as they are; one chosen profile is
+    // written alone.
+    TerrixExchange::TerrixMultipleSoilProfiles one;
+    if (chosen.size() != profiles.size()) one.AddSoilProfile(profiles[chosen.at(0)]);
+    TerrixExchange::TerrixMultipleSoilProfiles& written = chosen.size() != profiles.size() ? one : read.all;
     std::ostringstream text;
     if (to)
         written.ExportWithOwnHeaders(text, TerrixExchange::Units::Runtime::UnitSystem(to->force, to->length),

@@ -36,8 +36,8 @@ Json ProfileJson(const TerrixExchange::Terrix& profile, const TerrixExchange::So
 int RunDump(const DumpOptions& options) {
     const FileProfiles read = ReadProfiles(options.file, ToUnitNames(options.units, "--units"));
     Json list = Json::array();
-    for (std::size_t index : SelectProfiles(read.profiles, options.profile))
-        list.push_back(ProfileJson(read.profiles[index], read.lines[index], options));
+    for (std::size_t index : SelectProfiles(read.Profiles(), options.profile))
+        list.push_back(ProfileJson(read.Profiles()[index], read.lines[index], options));
     WriteOutput(options.out, WriteJson(Json{{"profiles", list}}));
     return 0;
 }

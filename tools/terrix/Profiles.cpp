@@ -5,7 +5,8 @@
 #include <cstring>
 #include <fstream>
 #include <iostream>
-#include <sstream>
+#include <istream>
+#include <streambuf>
 
 #include <TerrixExchange/document/TerrixMultipleSoilProfiles.h>
 #include <TerrixPlatform/Units/Runtime/UnitSystem.h>
@@ -18,17 +19,25 @@ using TerrixExchange::Terrix;
 
 namespace {
 
+// Reads the text where it stands, without the copy an istringstream makes.
+class TextBuffer : public std::streambuf {
+public:
+    explicit TextBuffer(const std::string& text) {
+        char* begin = const_cast<char*>(text.data());  // only ever read
+        setg(begin, begin, begin + text.size());
+    }
+};
+
 // The one call into the library's import: every profile of the stream, in
 // the units named or in those deduced for each profile from its own control
 // section. Whatever follows the last profile must be empty lines, comment
 // lines and the end line; anything else is an import error.
 FileProfiles ImportProfiles(const std::string& text, const boost::optional<UnitNames>& units) {
-    std::istringstream stream(text);
-    TerrixExchange::TerrixMultipleSoilProfiles profiles;
+    TextBuffer buffer(text);
+    std::istream stream(&buffer);
     FileProfiles read;
-    if (units) profiles.Import(stream, units->force, units->length, read.lines);
-    else profiles.Import(stream, read.lines);
-    read.profiles = profiles.GetSoilProfiles();
+    if (units) read.all.Import(stream, units->force, units->length, read.lines);
+    else read.all.Import(stream, read.lines);
     return read;
 }
 

@@ -11,6 +11,7 @@
 
 #include <TerrixExchange/archive/SourceLines.h>
 #include <TerrixExchange/document/Terrix.h>
+#include <TerrixExchange/document/TerrixMultipleSoilProfiles.h>
 
 namespace TerrixTool {
 
@@ -28,10 +29,13 @@ boost::optional<UnitNames> ToUnitNames(const std::vector<std::string>& values, c
 // The whole text of FILE, or of standard input for "-".
 std::string ReadInput(const std::string& file);
 
-// The profiles of a file, and for each where its values stand in the file.
+// The profiles of a file, as the library read them (the one copy the tool
+// holds), and for each where its values stand in the file.
 struct FileProfiles {
-    std::vector<TerrixExchange::Terrix> profiles;
+    TerrixExchange::TerrixMultipleSoilProfiles all;
     std::vector<TerrixExchange::SourceLines> lines;
+
+    const std::vector<TerrixExchange::Terrix>& Profiles() const { return all.GetSoilProfiles(); }
 };
 
 // Every profile of FILE, each imported in `units`, or, without them, in the

@@ -411,7 +411,7 @@ void PrintLayers(const Terrix& profile, const SourceLines& sourceLines, const Fi
 
 int RunShow(const ShowOptions& options) {
     const FileProfiles read = ReadProfiles(options.file, ToUnitNames(options.units, "--units"));
-    const std::vector<Terrix>& profiles = read.profiles;
+    const std::vector<Terrix>& profiles = read.Profiles();
     Lines lines;
     bool first = true;
     for (std::size_t index : SelectProfiles(profiles, options.profile)) {
