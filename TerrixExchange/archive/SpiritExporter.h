@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <iterator>
 #include <string>
 #include <ostream>
 #include <type_traits>
@@ -10,6 +9,7 @@
 
 #include <boost/function.hpp>
 #include <boost/optional.hpp>
+#include <boost/spirit/home/karma/stream/ostream_iterator.hpp>
 
 #include <TerrixExchange/archive/ArchiveFields.h>
 #include <TerrixPlatform/AllocationCallbacks/AllocationCallbacks.h>
@@ -166,9 +166,7 @@ private:
     boost::optional<Units::Runtime::FastUnitConverter> converter_;
 };
 
-// Karma writes into the stream's buffer character by character with
-// sputc, not through ostream::put and its sentry for every character.
-using StreamSink = std::ostreambuf_iterator<char>;
+using StreamSink = boost::spirit::karma::ostream_iterator<char, char>;
 using Exporter = SpiritExporter<StreamSink>;
 
 }  // namespace TerrixExchange
