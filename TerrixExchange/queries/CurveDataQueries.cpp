@@ -13,9 +13,9 @@
 // The manual curves and modifications are looked up by the layer's first
 // numbered layer, which stands for all the layers it covers.
 
-#include <stdexcept>
+#include <TerrixExchange/queries/CurveDataQueries.h>
 
-#include <TerrixExchange/document/Terrix.h>
+#include <stdexcept>
 
 namespace TerrixExchange {
 
@@ -61,14 +61,23 @@ void AddModifications(Data& data, const Terrix& profile, const Layer& layer, con
     data.modifications = modifications.GetModifications(layer.firstLayer, Diameters(profile));
 }
 
+// The records of the layer's first numbered layer in the index; null when
+// it has none.
+template <class Index>
+const typename Index::mapped_type* RecordsOf(const Index& index, const Layer& layer) {
+    const auto found = index.find(layer.firstLayer);
+    return found == index.end() ? nullptr : &found->second;
+}
+
 // P-Y, T-Z and Q-Z. A diameter listed twice keeps its last entry.
 template <class Data, class ManualSection, class ModificationSection>
 Data CodedCurveData(const Terrix& profile, const Layer& layer, std::int32_t CurveCodes::*kind,
-                    const ManualSection& manualCurves, const ModificationSection& modifications) {
+                    const ManualSection& manualCurves, const typename ManualSection::RecordIndex& index,
+                    const ModificationSection& modifications) {
     Data data;
     data.code = FindCurveCodes(profile, layer).*kind;
     if (data.code == manualCode)
-        data.manualCurves = manualCurves.GetManualCurves(layer.firstLayer, Diameters(profile), true);
+        data.manualCurves = manualCurves.GetManualCurves(RecordsOf(index, layer), Diameters(profile), true);
     AddModifications(data, profile, layer, modifications);
     return data;
 }
@@ -77,44 +86,86 @@ Data CodedCurveData(const Terrix& profile, const Layer& layer, std::int32_t Curv
 // all the same.
 template <class Data, class ManualSection, class ModificationSection>
 Data UncodedCurveData(const Terrix& profile, const Layer& layer, const ManualSection& manualCurves,
-                      const ModificationSection& modifications) {
+                      const typename ManualSection::RecordIndex& index, const ModificationSection& modifications) {
     FindCurveCodes(profile, layer);
     Data data;
-    data.manualCurves = manualCurves.GetManualCurves(layer.firstLayer, Diameters(profile), false);
+    data.manualCurves = manualCurves.GetManualCurves(RecordsOf(index, layer), Diameters(profile), false);
     AddModifications(data, profile, layer, modifications);
     return data;
 }
 
 }  // namespace
 
+ManualCurveIndex::ManualCurveIndex(const TerrixInputData& data)
+    : py(data.manualPyLateralResistanceDataSection.IndexRecords(nullptr)),
+      tz(data.manualTzSkinFrictionDataSection.IndexRecords(nullptr)),
+      qz(data.manualQzPileTipResistanceDataSection.IndexRecords(nullptr)),
+      mtheta(data.manualMthetaMomentDataSection.IndexRecords(nullptr)),
+      bsy(data.manualBSYBaseShearDataSection.IndexRecords(nullptr)),
+      bmtheta(data.manualBMthetaMomentDataSection.IndexRecords(nullptr)) {}
+
+PyData PyDataOf(const Terrix& profile, const Layer& layer, const ManualPyLateralResistanceDataSection::RecordIndex& index) {
+    const TerrixInputData& data = profile.GetTerrixInputData();
+    return CodedCurveData<PyData>(profile, layer, &CurveCodes::py, data.manualPyLateralResistanceDataSection, index,
+                                  data.pyLateralResistanceDataModificationSection);
+}
+
+TzData TzDataOf(const Terrix& profile, const Layer& layer, const ManualTzSkinFrictionDataSection::RecordIndex& index) {
+    const TerrixInputData& data = profile.GetTerrixInputData();
+    return CodedCurveData<TzData>(profile, layer, &CurveCodes::tz, data.manualTzSkinFrictionDataSection, index,
+                                  data.tzSkinFrictionDataModificationSection);
+}
+
+QzData QzDataOf(const Terrix& profile, const Layer& layer,
+                const ManualQzPileTipResistanceDataSection::RecordIndex& index) {
+    const TerrixInputData& data = profile.GetTerrixInputData();
+    return CodedCurveData<QzData>(profile, layer, &CurveCodes::qz, data.manualQzPileTipResistanceDataSection, index,
+                                  data.qzPileTipResistanceDataModificationSection);
+}
+
+MThetaData MthetaDataOf(const Terrix& profile, const Layer& layer,
+                        const ManualMthetaMomentDataSection::RecordIndex& index) {
+    const TerrixInputData& data = profile.GetTerrixInputData();
+    return UncodedCurveData<MThetaData>(profile, layer, data.manualMthetaMomentDataSection, index,
+                                        data.mthetaMomentDataModificationSection);
+}
+
+BSYData BSyDataOf(const Terrix& profile, const Layer& layer, const ManualBSYBaseShearDataSection::RecordIndex& index) {
+    const TerrixInputData& data = profile.GetTerrixInputData();
+    return UncodedCurveData<BSYData>(profile, layer, data.manualBSYBaseShearDataSection, index,
+                                     data.bsyBaseShearDataModificationSection);
+}
+
+BMThetaData BMthetaDataOf(const Terrix& profile, const Layer& layer,
+                          const ManualBMthetaMomentDataSection::RecordIndex& index) {
+    const TerrixInputData& data = profile.GetTerrixInputData();
+    return UncodedCurveData<BMThetaData>(profile, layer, data.manualBMthetaMomentDataSection, index,
+                                         data.bmThetaMomentDataModificationSection);
+}
+
+// A getter asks one layer: it indexes that layer's records alone.
 PyData Terrix::GetPyData(const Layer& layer) const {
-    return CodedCurveData<PyData>(*this, layer, &CurveCodes::py, inputData_.manualPyLateralResistanceDataSection,
-                                  inputData_.pyLateralResistanceDataModificationSection);
+    return PyDataOf(*this, layer, inputData_.manualPyLateralResistanceDataSection.IndexRecords(&layer.firstLayer));
 }
 
 TzData Terrix::GetTzData(const Layer& layer) const {
-    return CodedCurveData<TzData>(*this, layer, &CurveCodes::tz, inputData_.manualTzSkinFrictionDataSection,
-                                  inputData_.tzSkinFrictionDataModificationSection);
+    return TzDataOf(*this, layer, inputData_.manualTzSkinFrictionDataSection.IndexRecords(&layer.firstLayer));
 }
 
 QzData Terrix::GetQzData(const Layer& layer) const {
-    return CodedCurveData<QzData>(*this, layer, &CurveCodes::qz, inputData_.manualQzPileTipResistanceDataSection,
-                                  inputData_.qzPileTipResistanceDataModificationSection);
+    return QzDataOf(*this, layer, inputData_.manualQzPileTipResistanceDataSection.IndexRecords(&layer.firstLayer));
 }
 
 MThetaData Terrix::GetMthetaData(const Layer& layer) const {
-    return UncodedCurveData<MThetaData>(*this, layer, inputData_.manualMthetaMomentDataSection,
-                                        inputData_.mthetaMomentDataModificationSection);
+    return MthetaDataOf(*this, layer, inputData_.manualMthetaMomentDataSection.IndexRecords(&layer.firstLayer));
 }
 
 BSYData Terrix::GetBSyData(const Layer& layer) const {
-    return UncodedCurveData<BSYData>(*this, layer, inputData_.manualBSYBaseShearDataSection,
-                                     inputData_.bsyBaseShearDataModificationSection);
+    return BSyDataOf(*this, layer, inputData_.manualBSYBaseShearDataSection.IndexRecords(&layer.firstLayer));
 }
 
 BMThetaData Terrix::GetBMthetaData(const Layer& layer) const {
-    return UncodedCurveData<BMThetaData>(*this, layer, inputData_.manualBMthetaMomentDataSection,
-                                         inputData_.bmThetaMomentDataModificationSection);
+    return BMthetaDataOf(*this, layer, inputData_.manualBMthetaMomentDataSection.IndexRecords(&layer.firstLayer));
 }
 
 }  // namespace TerrixExchange

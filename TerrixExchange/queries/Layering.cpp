@@ -14,6 +14,7 @@
 #include <boost/optional.hpp>
 
 #include <TerrixExchange/document/Terrix.h>
+#include <TerrixExchange/queries/CurveDataQueries.h>
 
 namespace TerrixExchange {
 
@@ -25,24 +26,27 @@ namespace {
 // data are asked once, not twice.
 class CurveDataOfLayer {
 public:
-    CurveDataOfLayer(const Terrix& profile, const Layer& layer) : profile_(&profile), layer_(layer) {}
+    CurveDataOfLayer(const Terrix& profile, const ManualCurveIndex& index, const Layer& layer)
+        : profile_(&profile), index_(&index), layer_(layer) {}
 
     const Layer& GetLayer() const { return layer_; }
-    const PyData& Py() { return Ask(py_, &Terrix::GetPyData); }
-    const TzData& Tz() { return Ask(tz_, &Terrix::GetTzData); }
-    const QzData& Qz() { return Ask(qz_, &Terrix::GetQzData); }
-    const MThetaData& Mtheta() { return Ask(mtheta_, &Terrix::GetMthetaData); }
-    const BSYData& BSy() { return Ask(bsy_, &Terrix::GetBSyData); }
-    const BMThetaData& BMtheta() { return Ask(bmtheta_, &Terrix::GetBMthetaData); }
+    const PyData& Py() { return Ask(py_, PyDataOf, index_->py); }
+    const TzData& Tz() { return Ask(tz_, TzDataOf, index_->tz); }
+    const QzData& Qz() { return Ask(qz_, QzDataOf, index_->qz); }
+    const MThetaData& Mtheta() { return Ask(mtheta_, MthetaDataOf, index_->mtheta); }
+    const BSYData& BSy() { return Ask(bsy_, BSyDataOf, index_->bsy); }
+    const BMThetaData& BMtheta() { return Ask(bmtheta_, BMthetaDataOf, index_->bmtheta); }
 
 private:
-    template <class Data>
-    const Data& Ask(boost::optional<Data>& data, Data (Terrix::*query)(const Layer&) const) {
-        if (!data) data = (profile_->*query)(layer_);
+    template <class Data, class Index>
+    const Data& Ask(boost::optional<Data>& data, Data (*query)(const Terrix&, const Layer&, const Index&),
+                    const Index& index) {
+        if (!data) data = query(*profile_, layer_, index);
         return *data;
     }
 
     const Terrix* profile_;
+    const ManualCurveIndex* index_;
     Layer layer_;
     boost::optional<PyData> py_;
     boost::optional<TzData> tz_;
@@ -80,10 +84,13 @@ std::vector<Layer> Terrix::GetLayers(bool split) const {
     return {};
 }
 
+// The manual curves of all layers are indexed once for the whole call, not
+// searched for again for every piece.
 std::vector<Layer> Terrix::ConditionallySplitLayers(std::vector<Layer> layers) const {
+    const ManualCurveIndex index(inputData_);
     std::vector<Layer> result;
     for (const Layer& layer : layers) {
-        std::vector<Layer> pieces = ConditionallyMergeLayers(layer.Split());
+        std::vector<Layer> pieces = ConditionallyMergeLayers(layer.Split(), index);
         result.insert(result.end(), std::make_move_iterator(pieces.begin()), std::make_move_iterator(pieces.end()));
     }
     return result;
@@ -92,11 +99,11 @@ std::vector<Layer> Terrix::ConditionallySplitLayers(std::vector<Layer> layers) c
 // A joined layer keeps the first layer of its first piece, by which its
 // curve data are found, so the data of the last layer of the result are
 // those of that piece and are kept as they were asked.
-std::vector<Layer> Terrix::ConditionallyMergeLayers(std::vector<Layer> layers) const {
+std::vector<Layer> Terrix::ConditionallyMergeLayers(std::vector<Layer> layers, const ManualCurveIndex& index) const {
     std::vector<Layer> result;
     boost::optional<CurveDataOfLayer> last;
     for (Layer& layer : layers) {
-        CurveDataOfLayer next(*this, layer);
+        CurveDataOfLayer next(*this, index, layer);
         if (last && HaveSameProperties(*last, next)) {
             result.back().Merge(layer);
         } else {

@@ -90,14 +90,37 @@ public:
     std::map<Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>, Curve> GetManualCurves(
         int layer, const std::vector<Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>>& diameters,
         bool required) const {
-        std::map<Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>, const Record*> first;
+        const RecordIndex index = IndexRecords(&layer);
+        const auto found = index.find(layer);
+        return GetManualCurves(found == index.end() ? nullptr : &found->second, diameters, required);
+    }
+
+    // The first record of each layer and diameter, found in one pass over
+    // the records: of one layer, or of all when `layer` is null. A query
+    // that asks many layers builds it once for the whole call.
+    using RecordsOfLayer = std::map<Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>, const Record*>;
+    using RecordIndex = std::map<int, RecordsOfLayer>;
+    RecordIndex IndexRecords(const int* layer) const {
+        RecordIndex index;
         for (const Record& record : records)
-            if (record.LAY == layer && IsNumber(record.DIAM)) first.emplace(record.DIAM, &record);
+            if ((layer == nullptr || record.LAY == *layer) && IsNumber(record.DIAM))
+                index[record.LAY].emplace(record.DIAM, &record);
+        return index;
+    }
+    // GetManualCurves from the records of a layer so found (null: none).
+    std::map<Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>, Curve> GetManualCurves(
+        const RecordsOfLayer* layerRecords,
+        const std::vector<Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>>& diameters,
+        bool required) const {
         std::map<Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>, Curve> curves;
         for (const auto& diameter : diameters) {
-            const auto found = IsNumber(diameter) ? first.find(diameter) : first.end();
-            if (found != first.end())
-                curves[diameter] = CurveOf(*found->second);
+            const Record* record = nullptr;
+            if (layerRecords != nullptr && IsNumber(diameter)) {
+                const auto found = layerRecords->find(diameter);
+                if (found != layerRecords->end()) record = found->second;
+            }
+            if (record != nullptr)
+                curves[diameter] = CurveOf(*record);
             else if (required)
                 throw std::runtime_error(Kind::missingCurve);
         }
