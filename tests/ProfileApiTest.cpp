@@ -294,3 +294,34 @@ TEST(ProfileApi, TheColumnsThatNewUnitsWouldChangeAreNamedOnceInFileOrder) {
     EXPECT_TRUE(FindUnitBoundColumns(Terrix(Version::V5)).empty());
     EXPECT_EQ(DescribeSections(Terrix(Version::Unknown)), Json::object());
 }
+
+TEST(ProfileApi, LayeringJoinsExactlyTheNeighboursWhoseGettersAgree) {
+    // The layering finds the curves of all layers at once; the getters find
+    // those of one layer. Pieces of a division are joined exactly where the
+    // getters give the same curve data, and a failing getter fails both.
+    for (const char* name : {"layering-v4", "queries-v4", "north-sea-v4", "north-sea-v4-py-rows-for-chosen-layers",
+                             "every-section-v4", "manual-code-without-its-curves-v4"}) {
+        const Terrix profile = Read(CaseText(std::string("dump/") + name + ".terrix"));
+        auto same = [&](const Layer& a, const Layer& b) {
+            return profile.GetPyData(a) == profile.GetPyData(b) && profile.GetTzData(a) == profile.GetTzData(b) &&
+                   profile.GetQzData(a) == profile.GetQzData(b) &&
+                   profile.GetMthetaData(a) == profile.GetMthetaData(b) &&
+                   profile.GetBSyData(a) == profile.GetBSyData(b) &&
+                   profile.GetBMthetaData(a) == profile.GetBMthetaData(b);
+        };
+        std::vector<Layer> expected;
+        try {
+            for (const Layer& division : profile.GetLayers(false))
+                for (const Layer& piece : division.Split()) {
+                    if (piece.firstLayer != division.firstLayer && same(expected.back(), piece))
+                        expected.back().Merge(piece);
+                    else
+                        expected.push_back(piece);
+                }
+        } catch (const std::exception& error) {
+            EXPECT_EQ(ErrorOf([&] { profile.GetLayers(true); }), error.what()) << name;
+            continue;
+        }
+        EXPECT_EQ(profile.GetLayers(true), expected) << name;
+    }
+}
