@@ -68,20 +68,19 @@ JsonArchive::SectionGuard JsonArchive::BeginSection(const std::string& title) {
 }
 
 void JsonArchive::MeetColumn(const char* name, ColumnMeaning meaning, bool nonZero) {
-    for (std::size_t i = 0; i < columns_.size(); ++i) {
-        if (columns_[i].section == title_ && columns_[i].column == name) {
-            if (nonZero) nonZero_[i] = true;
+    for (MetColumn& met : columns_) {
+        if (met.column.section == title_ && met.column.column == name) {
+            met.nonZero = met.nonZero || nonZero;
             return;
         }
     }
-    columns_.push_back(UnitBoundColumn{title_, name, meaning});
-    nonZero_.push_back(nonZero);
+    columns_.push_back(MetColumn{UnitBoundColumn{title_, name, meaning}, nonZero});
 }
 
 std::vector<UnitBoundColumn> JsonArchive::GetNonZeroColumns() const {
     std::vector<UnitBoundColumn> columns;
-    for (std::size_t i = 0; i < columns_.size(); ++i)
-        if (nonZero_[i]) columns.push_back(columns_[i]);
+    for (const MetColumn& met : columns_)
+        if (met.nonZero) columns.push_back(met.column);
     return columns;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,25 @@ using Json = nlohmann::ordered_json;
 // A number as JSON: finite values as numbers, NaN and the infinities as the
 // strings "NaN", "Infinity" and "-Infinity", which JSON has no numbers for.
 Json JsonNumber(double value);
+inline Json JsonNumber(int value) { return Json(value); }
+inline Json JsonNumber(std::uint64_t value) { return Json(value); }
+// A quantity by its value in database units (N and m).
+template <class Phenomenon>
+Json JsonNumber(const Units::Runtime::Quantity<Phenomenon>& value) {
+    return JsonNumber(value.GetValue());
+}
+// An empty optional is null.
+template <class Value>
+Json JsonNumber(const boost::optional<Value>& value) {
+    return value ? JsonNumber(*value) : Json(nullptr);
+}
+// A list of numbers (a vector of the file, a line of a curve) as an array.
+template <class Value>
+Json JsonNumbers(const std::vector<Value>& values) {
+    Json list = Json::array();
+    for (const Value& value : values) list.push_back(JsonNumber(value));
+    return list;
+}
 // A text of the file as a JSON string. JSON text is UTF-8; a text that is
 // not (an old file's header in Latin-1, say "\xD8rsted") is taken as
 // Latin-1, so that every byte keeps its meaning instead of being dropped.
@@ -132,31 +152,26 @@ private:
     }
     void MeetColumn(const char* name, ColumnMeaning meaning, bool nonZero);
 
-    static Json ToJson(double value) { return JsonNumber(value); }
-    static Json ToJson(int value) { return Json(value); }
-    template <class Phenomenon>
-    static Json ToJson(const Units::Runtime::Quantity<Phenomenon>& value) {
-        return JsonNumber(value.GetValue());
+    // A field's value as JSON: the fields that the archives wrap (values
+    // converted as quantities, the numbers to the end of a line) by what
+    // they hold.
+    template <class Value>
+    static Json ToJson(const Value& value) {
+        return JsonNumber(value);
+    }
+    template <class Value>
+    static Json ToJson(const std::vector<Value>& values) {
+        return JsonNumbers(values);
     }
     template <class Phenomenon>
     static Json ToJson(const Dimensioned<Phenomenon>& value) {
         return JsonNumber(value.value);
     }
-    template <class Value>
-    static Json ToJson(const boost::optional<Value>& value) {
-        return value ? ToJson(*value) : Json(nullptr);
-    }
-    template <class Value>
-    static Json ToJson(const std::vector<Value>& values) {
-        Json list = Json::array();
-        for (const Value& value : values) list.push_back(ToJson(value));
-        return list;
-    }
     template <class Phenomenon>
     static Json ToJson(const DimensionedVector<Phenomenon>& values) {
-        return ToJson(values.values);
+        return JsonNumbers(values.values);
     }
-    static Json ToJson(const ValuesToEndOfLine& values) { return ToJson(values.values); }
+    static Json ToJson(const ValuesToEndOfLine& values) { return JsonNumbers(values.values); }
 
     static bool IsNonZero(double value) { return value != 0.0; }
     static bool IsNonZero(int value) { return value != 0; }
@@ -179,8 +194,12 @@ private:
     Json* section_ = nullptr;
     Json* record_ = nullptr;
     std::string title_;
-    std::vector<UnitBoundColumn> columns_;
-    std::vector<bool> nonZero_;
+    // Every unit-bound column met, and whether it held a value other than 0.
+    struct MetColumn {
+        UnitBoundColumn column;
+        bool nonZero;
+    };
+    std::vector<MetColumn> columns_;
 };
 
 }  // namespace TerrixExchange

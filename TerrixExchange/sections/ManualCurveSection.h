@@ -83,18 +83,6 @@ public:
         return CurveOf(*record);
     }
 
-    // What GetManualCurve gives for each of `diameters`, found in one pass
-    // over the records instead of one pass per diameter (the first record
-    // of a layer and diameter still wins). A diameter without a curve throws
-    // as GetManualCurve does when `required`, and is left out otherwise.
-    std::map<Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>, Curve> GetManualCurves(
-        int layer, const std::vector<Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>>& diameters,
-        bool required) const {
-        const RecordIndex index = IndexRecords(&layer);
-        const auto found = index.find(layer);
-        return GetManualCurves(found == index.end() ? nullptr : &found->second, diameters, required);
-    }
-
     // The first record of each layer and diameter, found in one pass over
     // the records: of one layer, or of all when `layer` is null. A query
     // that asks many layers builds it once for the whole call.
@@ -107,7 +95,10 @@ public:
                 index[record.LAY].emplace(record.DIAM, &record);
         return index;
     }
-    // GetManualCurves from the records of a layer so found (null: none).
+    // What GetManualCurve gives for each of `diameters`, from the records of
+    // the layer so found (null: none) instead of one pass over the records
+    // per diameter. A diameter without a curve throws as GetManualCurve does
+    // when `required`, and is left out otherwise.
     std::map<Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>, Curve> GetManualCurves(
         const RecordsOfLayer* layerRecords,
         const std::vector<Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>>& diameters,

@@ -127,8 +127,7 @@ public:
                                  const Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>& diameter) const {
         for (const Record& record : records)
             if (record.HasLayer(layer) && record.HasDiameter(diameter)) return record.GetModification();
-        if constexpr (Kind::missingModification != nullptr) throw std::runtime_error(Kind::missingModification);
-        return Modification::defaultModification;
+        return WithoutRow();
     }
 
     // What GetModification gives for each of `diameters`, from one pass over
@@ -143,12 +142,7 @@ public:
         for (const auto& diameter : diameters) {
             const auto found = std::find_if(covering.begin(), covering.end(),
                                             [&](const Record* record) { return record->HasDiameter(diameter); });
-            if (found != covering.end())
-                modifications[diameter] = (*found)->GetModification();
-            else if constexpr (Kind::missingModification != nullptr)
-                throw std::runtime_error(Kind::missingModification);
-            else
-                modifications[diameter] = Modification::defaultModification;
+            modifications[diameter] = found != covering.end() ? (*found)->GetModification() : WithoutRow();
         }
         return modifications;
     }
@@ -159,6 +153,12 @@ public:
     auto Fields() const { return std::tie(records); }
 
 protected:
+    // What a layer and diameter that no row covers get (see GetModification).
+    static Modification WithoutRow() {
+        if constexpr (Kind::missingModification != nullptr) throw std::runtime_error(Kind::missingModification);
+        return Modification::defaultModification;
+    }
+
     // The first row, in file order, that covers the layer, whatever its
     // diameter: an all-layers row that stands before a row naming the layer
     // wins. Empty when no row covers it. Made public by the sections that

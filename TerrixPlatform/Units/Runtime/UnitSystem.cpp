@@ -115,15 +115,19 @@ UnitSystem::UnitSystem(const std::string& forceUnit, const std::string& lengthUn
     if (!force) throw std::runtime_error("Unknown force unit: '" + forceUnit + "'");
     const NamedUnit* length = Find(lengthUnits, lengthUnit);
     if (!length) throw std::runtime_error("Unknown length unit: '" + lengthUnit + "'");
-    forceNumerator_ = force->numerator;
-    forceDenominator_ = force->denominator;
-    lengthNumerator_ = length->numerator;
-    lengthDenominator_ = length->denominator;
+    // Reduced once here, not at every conversion. The reduced terms are
+    // no larger than the table's, so they fit again.
+    const UnitRatio forceSize = UnitRatio::Reduced(force->numerator, force->denominator);
+    const UnitRatio lengthSize = UnitRatio::Reduced(length->numerator, length->denominator);
+    forceNumerator_ = static_cast<long long>(forceSize.numerator);
+    forceDenominator_ = static_cast<long long>(forceSize.denominator);
+    lengthNumerator_ = static_cast<long long>(lengthSize.numerator);
+    lengthDenominator_ = static_cast<long long>(lengthSize.denominator);
 }
 
 UnitRatio UnitSystem::GetSize(DynamicDimension dimension) const {
-    const UnitRatio force = UnitRatio::Reduced(forceNumerator_, forceDenominator_);
-    const UnitRatio length = UnitRatio::Reduced(lengthNumerator_, lengthDenominator_);
+    const UnitRatio force{forceNumerator_, forceDenominator_};
+    const UnitRatio length{lengthNumerator_, lengthDenominator_};
     return Times(Power(force, dimension.force), Power(length, dimension.length));
 }
 

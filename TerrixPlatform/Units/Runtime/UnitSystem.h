@@ -42,7 +42,8 @@ public:
 private:
     std::string forceUnit_;
     std::string lengthUnit_;
-    // The sizes of the two units in newton and metre, as exact ratios.
+    // The sizes of the two units in newton and metre, as exact ratios in
+    // lowest terms.
     long long forceNumerator_ = 1;
     long long forceDenominator_ = 1;
     long long lengthNumerator_ = 1;
