@@ -39,3 +39,27 @@ TEST(NumberText, ANaNKeepsItsSignAndTextThatIsNoNumberIsNone) {
     // out of range, a hexadecimal number.
     for (const char* text : {"1.0ABC", "1.2.3", "1e", "1e400", "0x10"}) EXPECT_FALSE(ParseReal(text, value)) << text;
 }
+
+// A number of a few digits is read the short way; the same number written
+// with enough zeros after its digits is read the long, exact way. Both must
+// give the same double, at the edges of the range too.
+TEST(NumberText, ShortAndLongTextsOfANumberReadAlike) {
+    std::mt19937_64 random(7);
+    std::uniform_int_distribution<long long> digits(0, 999999999999LL);
+    std::uniform_int_distribution<int> exponent(-330, 310);
+    const std::string zeros(60, '0');
+    for (const auto& [force, length] : {std::pair("kN", "m"), std::pair("N", "mm"), std::pair("GN", "km")}) {
+        const UnitRatio size = UnitSystem(force, length).GetSize(StressPhenomenon::dimension);
+        for (int i = 0; i < 3000; ++i) {
+            const std::string mantissa = (i % 3 ? "" : "-") + std::to_string(digits(random)) + "." +
+                                         std::to_string(digits(random) % 1000);
+            const std::string suffix = (i % 2 ? "e" : "D") + std::to_string(exponent(random));
+            double shortValue = 0.0;
+            double longValue = 0.0;
+            const bool shortRead = ParseReal(mantissa + suffix, shortValue, size);
+            ASSERT_EQ(shortRead, ParseReal(mantissa + zeros + suffix, longValue, size)) << mantissa + suffix;
+            if (shortRead) ASSERT_EQ(std::signbit(shortValue), std::signbit(longValue)) << mantissa + suffix;
+            if (shortRead) ASSERT_EQ(shortValue, longValue) << force << " " << length << ": " << mantissa + suffix;
+        }
+    }
+}

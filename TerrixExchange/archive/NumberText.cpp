@@ -66,14 +66,14 @@ Decimal ShortestDecimal(double value, int precision = -1) {
 }
 
 // The written token as a decimal; false when it is no finite number.
-bool ToDecimal(const std::string& text, Decimal& decimal) {
+bool ToDecimal(const char* first, const char* last, Decimal& decimal) {
     decimal = Decimal{};
-    std::size_t i = 0;
-    if (i < text.size() && (text[i] == '+' || text[i] == '-')) decimal.negative = text[i++] == '-';
+    const char* at = first;
+    if (at != last && (*at == '+' || *at == '-')) decimal.negative = *at++ == '-';
     long pointPosition = -1;
     long digitCount = 0;
-    for (; i < text.size(); ++i) {
-        const char c = text[i];
+    for (; at != last; ++at) {
+        const char c = *at;
         if (c >= '0' && c <= '9') {
             decimal.digits += c;
             ++digitCount;
@@ -85,14 +85,13 @@ bool ToDecimal(const std::string& text, Decimal& decimal) {
     }
     if (digitCount == 0) return false;
     long exponent = 0;
-    if (i < text.size()) {
-        const char c = text[i];
+    if (at != last) {
+        const char c = *at;
         if (c != 'e' && c != 'E' && c != 'd' && c != 'D') return false;
-        const char* first = text.c_str() + i + 1;
-        if (*first == '+') ++first;
-        const char* last = text.c_str() + text.size();
-        if (first == last) return false;
-        const std::from_chars_result parsed = std::from_chars(first, last, exponent);
+        const char* digits = at + 1;
+        if (digits != last && *digits == '+') ++digits;
+        if (digits == last) return false;
+        const std::from_chars_result parsed = std::from_chars(digits, last, exponent);
         if (parsed.ec != std::errc() || parsed.ptr != last) return false;
         if (exponent > 100000 || exponent < -100000) return false;
     }
@@ -101,6 +100,45 @@ bool ToDecimal(const std::string& text, Decimal& decimal) {
     decimal.exponent = (pointPosition < 0 ? digitCount : pointPosition) - 1 + exponent;
     Normalize(decimal);
     return true;
+}
+
+// The usual number of a file (a few digits, a short exponent) in a unit that
+// is a power of ten: the written digits with the exponent moved by the unit's
+// power go straight to from_chars, which rounds correctly, so the double is
+// the one the exact way gives. False, with nothing decided, for any other
+// token, and for a result out of range, which the exact way settles.
+bool ParseShortDecimal(const char* first, const char* last, int shift, double& value) {
+    char text[64];
+    std::size_t length = 0;
+    const char* at = first;
+    if (at != last && (*at == '+' || *at == '-')) {
+        if (*at == '-') text[length++] = '-';
+        ++at;
+    }
+    bool hasDigit = false;
+    bool hasPoint = false;
+    for (; at != last && length < 40; ++at) {
+        if (*at >= '0' && *at <= '9') hasDigit = true;
+        else if (*at == '.' && !hasPoint) hasPoint = true;
+        else break;
+        text[length++] = *at;
+    }
+    if (!hasDigit || length >= 40) return false;
+    long exponent = 0;
+    if (at != last) {
+        if (*at != 'e' && *at != 'E' && *at != 'd' && *at != 'D') return false;
+        const char* digits = at + 1;
+        if (digits != last && *digits == '+') ++digits;
+        // Exponents of up to four digits: a longer one is left to the exact
+        // way, which bounds it.
+        if (digits == last || last - digits > 5) return false;
+        const std::from_chars_result parsed = std::from_chars(digits, last, exponent);
+        if (parsed.ec != std::errc() || parsed.ptr != last || exponent > 9999 || exponent < -9999) return false;
+    }
+    text[length++] = 'e';
+    const std::to_chars_result written = std::to_chars(text + length, text + sizeof text, exponent + shift);
+    const std::from_chars_result parsed = std::from_chars(text, written.ptr, value);
+    return parsed.ec == std::errc() && parsed.ptr == written.ptr;
 }
 
 // The double nearest to the decimal (correctly rounded by from_chars).
@@ -463,18 +501,21 @@ std::string FormatReal(double value, int fieldWidth, const UnitRatio& unitSize) 
     return hasPlain && plain.size() <= exponential.size() ? plain : exponential;
 }
 
-bool ParseReal(const std::string& text, double& value, const UnitRatio& unitSize) {
+bool ParseReal(const char* first, const char* last, double& value, const UnitScale& scale) {
+    if (scale.isPowerOfTen && ParseShortDecimal(first, last, scale.powerOfTen, value)) return true;
     Decimal decimal;
-    if (ToDecimal(text, decimal)) return Convert(decimal, unitSize, value);
+    if (ToDecimal(first, last, decimal)) return Convert(decimal, scale.size, value);
     // NaN and infinities have no unit.
     double special = 0.0;
-    const char* first = text.c_str();
-    if (*first == '+') ++first;
-    const char* last = text.c_str() + text.size();
+    if (first != last && *first == '+') ++first;
     const std::from_chars_result parsed = std::from_chars(first, last, special);
     if (parsed.ec != std::errc() || parsed.ptr != last || std::isfinite(special)) return false;
     value = special;
     return true;
+}
+
+bool ParseReal(const std::string& text, double& value, const UnitRatio& unitSize) {
+    return ParseReal(text.data(), text.data() + text.size(), value, UnitScale(unitSize));
 }
 
 }  // namespace TerrixExchange

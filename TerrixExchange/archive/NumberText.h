@@ -36,4 +36,18 @@ std::string FormatReal(double value, int fieldWidth,
 bool ParseReal(const std::string& text, double& value,
                const Units::Runtime::UnitRatio& unitSize = Units::Runtime::UnitRatio{});
 
+// A unit's size with what reading a number in it needs, worked out once: a
+// power of ten only moves the decimal point.
+struct UnitScale {
+    Units::Runtime::UnitRatio size;
+    bool isPowerOfTen = true;
+    int powerOfTen = 0;
+
+    UnitScale() = default;
+    explicit UnitScale(const Units::Runtime::UnitRatio& unitSize) : size(unitSize) {
+        isPowerOfTen = unitSize.IsPowerOfTen(powerOfTen);
+    }
+};
+bool ParseReal(const char* first, const char* last, double& value, const UnitScale& scale);
+
 }  // namespace TerrixExchange

@@ -19,7 +19,14 @@ std::uint64_t SourceLines::GetParameterLine(const std::string& title, const std:
 }
 
 std::uint64_t SourceLines::GetRowLine(const std::string& title, std::size_t row) const {
-    return LineOf(rows_, std::make_pair(title, row));
+    const auto table = rows_.find(title);
+    return table == rows_.end() || row >= table->second.size() ? 0 : table->second[row];
+}
+
+void SourceLines::SetRowLine(const std::string& title, std::size_t row, std::uint64_t line) {
+    std::vector<std::uint64_t>& lines = rows_[title];
+    if (row >= lines.size()) lines.resize(row + 1, 0);
+    lines[row] = line;
 }
 
 }  // namespace TerrixExchange

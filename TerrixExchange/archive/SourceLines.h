@@ -5,6 +5,7 @@
 #include <map>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include <TerrixPlatform/AllocationCallbacks/AllocationCallbacks.h>
 
@@ -30,12 +31,14 @@ public:
     void SetParameterLine(const std::string& title, const std::string& name, std::uint64_t line) {
         parameters_[{title, name}] = line;
     }
-    void SetRowLine(const std::string& title, std::size_t row, std::uint64_t line) { rows_[{title, row}] = line; }
+    void SetRowLine(const std::string& title, std::size_t row, std::uint64_t line);
 
 private:
     std::map<std::string, std::uint64_t> sections_;
     std::map<std::pair<std::string, std::string>, std::uint64_t> parameters_;
-    std::map<std::pair<std::string, std::size_t>, std::uint64_t> rows_;
+    // The rows of each table in order: a line number per row, for tables of
+    // many thousands of rows.
+    std::map<std::string, std::vector<std::uint64_t>> rows_;
 };
 
 }  // namespace TerrixExchange

@@ -1,6 +1,8 @@
 #include <TerrixExchange/archive/SpiritImporter.h>
 
-#include <sstream>
+#include <vector>
+
+#include <boost/range/iterator_range.hpp>
 
 #include <boost/spirit/include/qi.hpp>
 #include <boost/spirit/home/qi/copy.hpp>
@@ -13,40 +15,59 @@ namespace qi = boost::spirit::qi;
 
 namespace {
 
+// Fields are parsed within the current line, held as text.
+using Cursor = const char*;
+
 // The file is read byte by byte. A byte above 127 (a letter of a header or a
 // comment written in Latin-1 or UTF-8) is neither a blank nor a digit; the
 // character classes of Spirit's standard encoding would take it for a
 // negative char, outside their domain, so the two classes are spelt out.
 const auto blank = qi::copy(qi::char_(" \t"));
 const auto digit = qi::copy(qi::char_('0', '9'));
+// The end of a line's text: its line break, or the end of the input.
+const auto endOfLine = qi::copy(qi::eoi);
 
 // A number token: sign, digits with an optional point, an optional exponent
 // (Fortran's "D" included), or NaN / Inf / Infinity. It must end where the
-// field ends: at a blank, the end of the line or the end of the input.
-template <class Iterator>
-bool ParseNumberToken(Iterator& position, const Iterator& last, std::string& token) {
+// field ends: at a blank or the end of the line. The token's text is where it
+// stands in the line.
+bool ParseNumberToken(Cursor& position, Cursor last, boost::iterator_range<Cursor>& token) {
     // Built once: the rule is a constant, and a rule compiles its parser
     // once rather than at every number.
-    static const qi::rule<Iterator, std::string()> number = [] {
-        qi::rule<Iterator, std::string()> rule =
+    static const qi::rule<Cursor, boost::iterator_range<Cursor>()> number = [] {
+        qi::rule<Cursor, boost::iterator_range<Cursor>()> rule =
             qi::raw[-qi::char_("+-") >>
                     (((+digit >> -(qi::char_('.') >> *digit)) | (qi::char_('.') >> +digit)) >>
                          -(qi::char_("eEdD") >> -qi::char_("+-") >> +digit) |
                      qi::no_case[qi::lit("infinity") | "inf" | "nan"])] >>
-            &(blank | qi::eol | qi::eoi);
+            &(blank | endOfLine);
         rule.name("number");
         return rule;
     }();
-    Iterator start = position;
-    token.clear();
-    if (!qi::parse(start, last, number, token)) return false;
-    position = start;
+    return qi::parse(position, last, number, token);
+}
+
+bool ParseNumber(Cursor& position, Cursor last, double& value, const UnitScale& scale) {
+    Cursor it = position;
+    qi::parse(it, last, *blank);
+    boost::iterator_range<Cursor> token;
+    if (!ParseNumberToken(it, last, token) || !ParseReal(token.begin(), token.end(), value, scale)) return false;
+    position = it;
     return true;
 }
 
-template <class Iterator>
-void SkipBlanks(Iterator& position, const Iterator& last) {
-    qi::parse(position, last, *blank);
+void SkipBlanks(Cursor& position, Cursor last) { qi::parse(position, last, *blank); }
+
+// The words of a text, split at blanks.
+std::vector<std::string> WordsOf(const std::string& text) {
+    std::vector<std::string> words;
+    std::size_t at = 0;
+    while ((at = text.find_first_not_of(" \t", at)) != std::string::npos) {
+        const std::size_t end = text.find_first_of(" \t", at);
+        words.push_back(text.substr(at, end - at));
+        at = end;
+    }
+    return words;
 }
 
 }  // namespace
@@ -54,34 +75,45 @@ void SkipBlanks(Iterator& position, const Iterator& last) {
 template <class Iterator>
 SpiritImporter<Iterator>::SpiritImporter(Iterator first, Iterator last, const Units::Runtime::UnitSystem& units,
                                          bool titleMode)
-    : position_(first),
-      last_(last),
-      units_(units),
-      lineCounter_(1),
-      lineToReport_(1),
-      titleMode_(titleMode) {
-    StartLine();
+    : nextLine_(first), last_(last), units_(units), lineCounter_(1), lineToReport_(1), titleMode_(titleMode) {
+    ReadLine();
 }
 
 template <class Iterator>
 void SpiritImporter<Iterator>::SetPosition(const Position& position) {
-    position_ = position.position;
-    currentLine_ = position.currentLine;
+    nextLine_ = position.nextLine;
+    line_ = position.line;
+    column_ = position.column;
+    isLastLine_ = position.isLastLine;
+    reportedLine_ = position.reportedLine;
+    reportsCurrentLine_ = position.reportsCurrentLine;
     lineCounter_ = position.lineCounter;
     lineToReport_ = position.lineToReport;
 }
 
 template <class Iterator>
-std::string SpiritImporter<Iterator>::CurrentLineText() const {
-    return currentLine_;
+void SpiritImporter<Iterator>::ReadLine() {
+    line_.clear();
+    column_ = 0;
+    for (; nextLine_ != last_; ++nextLine_) {
+        const char c = *nextLine_;
+        if (c == '\n' || c == '\r') {
+            ++nextLine_;
+            if (c == '\r' && nextLine_ != last_ && *nextLine_ == '\n') ++nextLine_;
+            isLastLine_ = false;
+            return;
+        }
+        line_ += c;
+    }
+    isLastLine_ = true;
 }
 
 template <class Iterator>
-void SpiritImporter<Iterator>::StartLine() {
-    // A line ends at LF, CR LF or a lone CR (old Mac files), as it does for
-    // the parsers (qi::eol).
-    currentLine_.clear();
-    for (Iterator it = position_; it != last_ && *it != '\n' && *it != '\r'; ++it) currentLine_ += *it;
+const UnitScale& SpiritImporter<Iterator>::ScaleOf(Units::Runtime::DynamicDimension dimension) {
+    for (const auto& known : scales_)
+        if (known.first == dimension) return known.second;
+    scales_.emplace_back(dimension, UnitScale(units_.GetSize(dimension)));
+    return scales_.back().second;
 }
 
 template <class Iterator>
@@ -91,19 +123,21 @@ void SpiritImporter<Iterator>::RaiseImportError(const std::string& message) cons
 
 template <class Iterator>
 void SpiritImporter<Iterator>::SkipRestOfLine() {
-    static const qi::rule<Iterator> skipRestOfLine = [] {
-        qi::rule<Iterator> rule = *(qi::char_ - qi::eol) >> (qi::eol | qi::eoi);
+    static const qi::rule<Cursor> skipRestOfLine = [] {
+        qi::rule<Cursor> rule = *(qi::char_ - qi::eol) >> (qi::eol | qi::eoi);
         rule.name("Skip the rest of the line");
         return rule;
     }();
-    qi::parse(position_, last_, skipRestOfLine);
+    Cursor it = Here();
+    qi::parse(it, LineEnd(), skipRestOfLine);
+    ReadLine();
 }
 
 template <class Iterator>
 bool SpiritImporter<Iterator>::AtCommentLine() const {
-    if (position_ == last_) return false;
-    Iterator it = position_;
-    return qi::parse(it, last_, qi::lit('*') | (qi::char_("Cc") >> (blank | qi::eol | qi::eoi)));
+    if (AtEndOfInput()) return false;
+    Cursor it = Here();
+    return qi::parse(it, LineEnd(), qi::lit('*') | (qi::char_("Cc") >> (blank | endOfLine)));
 }
 
 template <class Iterator>
@@ -111,9 +145,13 @@ void SpiritImporter<Iterator>::NextLine(bool skipComments) {
     SkipRestOfLine();
     ++lineCounter_;
     lineToReport_ = lineCounter_;
-    StartLine();
+    reportsCurrentLine_ = true;
     if (!skipComments) return;
     while (AtCommentLine()) {
+        if (reportsCurrentLine_) {
+            reportedLine_ = line_;
+            reportsCurrentLine_ = false;
+        }
         SkipRestOfLine();
         ++lineCounter_;
     }
@@ -121,22 +159,19 @@ void SpiritImporter<Iterator>::NextLine(bool skipComments) {
 
 template <class Iterator>
 bool SpiritImporter<Iterator>::AtEndOfLine() {
-    Iterator it = position_;
-    SkipBlanks(it, last_);
-    Iterator probe = it;
-    if (!qi::parse(probe, last_, &(qi::eol | qi::eoi))) return false;
-    position_ = it;
+    Cursor it = Here();
+    SkipBlanks(it, LineEnd());
+    if (it != LineEnd()) return false;
+    MoveTo(it);
     return true;
 }
 
 template <class Iterator>
-bool SpiritImporter<Iterator>::ParseWords(Iterator& it, const std::string& text) const {
-    std::istringstream words(text);
-    std::string word;
+bool SpiritImporter<Iterator>::ParseWords(Cursor& it, const std::string& text) const {
     bool first = true;
-    while (words >> word) {
-        if (!first && !qi::parse(it, last_, +blank)) return false;
-        if (!qi::parse(it, last_, qi::lit(word))) return false;
+    for (const std::string& word : WordsOf(text)) {
+        if (!first && !qi::parse(it, LineEnd(), +blank)) return false;
+        if (!qi::parse(it, LineEnd(), qi::lit(word))) return false;
         first = false;
     }
     return true;
@@ -146,21 +181,20 @@ template <class Iterator>
 bool SpiritImporter<Iterator>::MatchWords(const std::string& text) {
     // The words of the text in order, any run of blanks between them, and
     // any run of '*' and blanks before and after.
-    Iterator it = position_;
-    qi::parse(it, last_, *(blank | qi::char_('*')));
-    if (!ParseWords(it, text) || !qi::parse(it, last_, *(blank | qi::char_('*')) >> &(qi::eol | qi::eoi)))
-        return false;
-    position_ = it;
+    Cursor it = Here();
+    qi::parse(it, LineEnd(), *(blank | qi::char_('*')));
+    if (!ParseWords(it, text) || !qi::parse(it, LineEnd(), *(blank | qi::char_('*')) >> endOfLine)) return false;
+    MoveTo(it);
     return true;
 }
 
 template <class Iterator>
 bool SpiritImporter<Iterator>::RestOfLineIs(const std::string& text) {
-    Iterator it = position_;
-    SkipBlanks(it, last_);
-    Iterator end = it;
-    if (ParseWords(end, text) && qi::parse(end, last_, *blank >> &(qi::eol | qi::eoi))) {
-        position_ = end;
+    Cursor it = Here();
+    SkipBlanks(it, LineEnd());
+    Cursor end = it;
+    if (ParseWords(end, text) && qi::parse(end, LineEnd(), *blank >> endOfLine)) {
+        MoveTo(end);
         return true;
     }
     return AtEndOfLine();
@@ -170,10 +204,10 @@ template <class Iterator>
 bool SpiritImporter<Iterator>::MatchTitle(const std::string& title) {
     if (titleMode_) return MatchWords(title);
     // The title exactly as it is spelt, in any decoration of '*' and blanks.
-    Iterator it = position_;
+    Cursor it = Here();
     const auto decoration = qi::copy(*(blank | qi::char_('*')));
-    if (!qi::parse(it, last_, decoration >> qi::lit(title) >> decoration >> &(qi::eol | qi::eoi))) return false;
-    position_ = it;
+    if (!qi::parse(it, LineEnd(), decoration >> qi::lit(title) >> decoration >> endOfLine)) return false;
+    MoveTo(it);
     return true;
 }
 
@@ -206,30 +240,24 @@ void SpiritImporter<Iterator>::BlankLine() {
     // The end of the input counts as an empty line, so that a truncated file
     // is reported at the section that is missing, on the line after its last.
     if (AtEndOfInput()) return;
-    Iterator it = position_;
-    SkipBlanks(it, last_);
-    if (!qi::parse(it, last_, qi::eol | qi::eoi)) RaiseImportError("Expected blank line");
-    position_ = it;
+    if (!AtEndOfLine()) RaiseImportError("Expected blank line");
+    ReadLine();
     ++lineCounter_;
     lineToReport_ = lineCounter_;
-    StartLine();
+    reportsCurrentLine_ = true;
 }
 
 template <class Iterator>
 bool SpiritImporter<Iterator>::TryReadReal(double& value, Units::Runtime::DynamicDimension dimension) {
-    Iterator it = position_;
-    SkipBlanks(it, last_);
-    std::string token;
-    double number = 0.0;
-    if (!ParseNumberToken(it, last_, token) || !ParseReal(token, number, units_.GetSize(dimension))) return false;
-    value = number;
-    position_ = it;
+    Cursor it = Here();
+    if (!ParseNumber(it, LineEnd(), value, ScaleOf(dimension))) return false;
+    MoveTo(it);
     return true;
 }
 
 template <class Iterator>
 bool SpiritImporter<Iterator>::TryReadInteger(int& value) {
-    const Iterator start = position_;
+    const std::size_t start = column_;
     double number = 0.0;
     if (!TryReadReal(number, Units::Runtime::DynamicDimension{})) return false;
     // Integers are written as numbers and truncated toward zero; a number
@@ -237,7 +265,7 @@ bool SpiritImporter<Iterator>::TryReadInteger(int& value) {
     const double truncated = std::trunc(number);
     if (!(truncated >= static_cast<double>(std::numeric_limits<int>::min()) &&
           truncated <= static_cast<double>(std::numeric_limits<int>::max()))) {
-        position_ = start;
+        column_ = start;
         return false;
     }
     value = static_cast<int>(truncated);
@@ -246,21 +274,22 @@ bool SpiritImporter<Iterator>::TryReadInteger(int& value) {
 
 template <class Iterator>
 bool SpiritImporter<Iterator>::TryParameterName(const std::string& name) {
-    Iterator it = position_;
-    if (!qi::parse(it, last_, +blank >> qi::lit(name) >> &(blank | qi::eol | qi::eoi))) return false;
-    position_ = it;
+    Cursor it = Here();
+    if (!qi::parse(it, LineEnd(), +blank >> qi::lit(name) >> &(blank | endOfLine))) return false;
+    MoveTo(it);
     return true;
 }
 
 template <class Iterator>
 void SpiritImporter<Iterator>::StringParameter(std::string& value, const std::string&, const std::string&) {
-    Iterator it = position_;
+    Cursor it = Here();
     std::string text;
-    const auto quoted = qi::copy(qi::lit('\'') >> *((qi::lit("''") >> qi::attr('\'')) | (qi::char_ - qi::char_("'\r\n"))) >>
-                        qi::lit('\''));
-    if (!qi::parse(it, last_, qi::omit[*blank] >> quoted, text)) RaiseImportError("Expected string.");
+    const auto quoted =
+        qi::copy(qi::lit('\'') >> *((qi::lit("''") >> qi::attr('\'')) | (qi::char_ - qi::char_("'\r\n"))) >>
+                 qi::lit('\''));
+    if (!qi::parse(it, LineEnd(), qi::omit[*blank] >> quoted, text)) RaiseImportError("Expected string.");
     value = text;
-    position_ = it;
+    MoveTo(it);
     NextLine(true);
 }
 
@@ -271,14 +300,14 @@ void SpiritImporter<Iterator>::Header(std::string& header) {
     NextLine(false);
     header.clear();
     bool first = true;
-    while (position_ != last_) {
-        Iterator it = position_;
-        if (qi::parse(it, last_, *blank >> (qi::eol | qi::eoi))) break;
-        it = position_;
-        if (qi::parse(it, last_, qi::lit("TERRIX") >> +blank >> qi::lit("Version:"))) break;
-        const Position here = GetPosition();
+    while (!AtEndOfInput()) {
+        Cursor it = Here();
+        if (qi::parse(it, LineEnd(), *blank >> endOfLine)) break;
+        it = Here();
+        if (qi::parse(it, LineEnd(), qi::lit("TERRIX") >> +blank >> qi::lit("Version:"))) break;
+        const std::size_t here = column_;
         const bool isTitle = MatchWords("CONTROL SECTION");
-        SetPosition(here);
+        column_ = here;
         if (isTitle) break;
         if (!first) header += '\n';
         header += CurrentLineText();
@@ -289,15 +318,15 @@ void SpiritImporter<Iterator>::Header(std::string& header) {
 
 template <class Iterator>
 void SpiritImporter<Iterator>::VersionLine(bool& isVersion, int year, int, int) {
-    Iterator it = position_;
+    Cursor it = Here();
     int y = 0, m = 0, d = 0;
     isVersion = false;
-    if (!qi::parse(it, last_,
+    if (!qi::parse(it, LineEnd(),
                    qi::lit("TERRIX") >> qi::omit[+blank] >> qi::lit("Version:") >> qi::omit[*blank] >> qi::int_ >> '-' >>
                        qi::int_ >> '-' >> qi::int_,
                    y, m, d))
         return;
-    position_ = it;
+    MoveTo(it);
     isVersion = y == year;
     NextLine(true);
 }
@@ -310,17 +339,17 @@ void SpiritImporter<Iterator>::EndOfProfiles(bool& isLast, bool) {
 template <class Iterator>
 bool SpiritImporter<Iterator>::EndOfProfiles() {
     const Position start = GetPosition();
-    while (position_ != last_) {
-        Iterator it = position_;
-        const bool empty = qi::parse(it, last_, *blank >> &(qi::eol | qi::eoi));
-        it = position_;
+    while (!AtEndOfInput()) {
+        Cursor it = Here();
+        const bool empty = qi::parse(it, LineEnd(), *blank >> endOfLine);
+        it = Here();
         const bool endLine =
-            qi::parse(it, last_, *blank >> qi::lit("END OF TERRIX INPUT FILE") >> *blank >> &(qi::eol | qi::eoi));
+            qi::parse(it, LineEnd(), *blank >> qi::lit("END OF TERRIX INPUT FILE") >> *blank >> endOfLine);
         if (!empty && !endLine && !AtCommentLine()) {
             // The marker of a further profile, or text that has no place
             // after a profile: the error names that text's own line.
-            it = position_;
-            if (!qi::parse(it, last_, *blank >> qi::lit("###"))) RaiseImportError("Expected: ### New soil profile");
+            it = Here();
+            if (!qi::parse(it, LineEnd(), *blank >> qi::lit("###"))) RaiseImportError("Expected: ### New soil profile");
             SetPosition(start);
             return false;
         }
@@ -331,38 +360,34 @@ bool SpiritImporter<Iterator>::EndOfProfiles() {
 
 template <class Iterator>
 void SpiritImporter<Iterator>::ProfileMarker() {
-    Iterator it = position_;
-    if (!qi::parse(it, last_, *blank >> qi::lit("###") >> *blank >> qi::lit("New soil profile") >> *blank >>
-                                  &(qi::eol | qi::eoi)))
+    Cursor it = Here();
+    if (!qi::parse(it, LineEnd(),
+                   *blank >> qi::lit("###") >> *blank >> qi::lit("New soil profile") >> *blank >> endOfLine))
         RaiseImportError("Expected: ### New soil profile");
-    position_ = it;
+    MoveTo(it);
     NextLine(true);
 }
 
 template <class Iterator>
 std::size_t SpiritImporter<Iterator>::CountNumbersAhead() const {
-    Iterator it = position_;
+    Cursor it = Here();
     std::size_t count = 0;
-    std::string token;
     double number = 0.0;
-    for (;;) {
-        SkipBlanks(it, last_);
-        if (!ParseNumberToken(it, last_, token) || !ParseReal(token, number)) return count;
-        ++count;
-    }
+    while (ParseNumber(it, LineEnd(), number, UnitScale{})) ++count;
+    return count;
 }
 
 template <class Iterator>
 bool SpiritImporter<Iterator>::LineStartsWithNumber() const {
-    Iterator it = position_;
-    SkipBlanks(it, last_);
-    std::string token;
-    return ParseNumberToken(it, last_, token);
+    Cursor it = Here();
+    SkipBlanks(it, LineEnd());
+    boost::iterator_range<Cursor> token;
+    return ParseNumberToken(it, LineEnd(), token);
 }
 
 template <class Iterator>
-void SpiritImporter<Iterator>::RaiseFieldError(const Iterator& fieldStart) {
-    position_ = fieldStart;
+void SpiritImporter<Iterator>::RaiseFieldError(std::size_t fieldStart) {
+    column_ = fieldStart;
     RaiseImportError("Error parsing argument: " + std::to_string(fieldIndex_));
 }
 

@@ -8,6 +8,7 @@
 #include <limits>
 #include <string>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 #include <boost/function.hpp>
@@ -16,6 +17,7 @@
 
 #include <TerrixExchange/archive/ArchiveFields.h>
 #include <TerrixExchange/archive/ImportError.h>
+#include <TerrixExchange/archive/NumberText.h>
 #include <TerrixExchange/archive/SourceLines.h>
 #include <TerrixPlatform/AllocationCallbacks/AllocationCallbacks.h>
 #include <TerrixPlatform/Units/Runtime/UnitSystem.h>
@@ -26,6 +28,12 @@ namespace TerrixExchange {
 // stream with Spirit parsers, checks that each line is what the section
 // describes, stores what it reads (converted from the file's unit system to
 // database units) and throws ImportError at the first mismatch.
+//
+// The stream is walked once, a line at a time, through its multi-pass
+// iterator: each line is taken whole into the current line and its fields are
+// parsed there. Going back to an earlier line (a section that rewinds) keeps
+// a copy of the iterator, so the iterator buffers only from the oldest saved
+// line on.
 //
 // Lines are counted from 1. After each significant line the importer passes
 // over comment lines (a line that starts with '*', or with 'C' or 'c' followed
@@ -39,8 +47,12 @@ public:
 
     // Where the importer stands: enough to come back to it.
     struct Position {
-        Iterator position;
-        std::string currentLine;
+        Iterator nextLine;
+        std::string line;
+        std::size_t column;
+        bool isLastLine;
+        std::string reportedLine;
+        bool reportsCurrentLine;
         std::uint64_t lineCounter;
         std::uint64_t lineToReport;
     };
@@ -71,14 +83,20 @@ public:
 
     // --- State ---
     const Units::Runtime::UnitSystem& GetUnitSystem() const { return units_; }
-    void SetUnitSystem(const Units::Runtime::UnitSystem& units) { units_ = units; }
+    void SetUnitSystem(const Units::Runtime::UnitSystem& units) {
+        units_ = units;
+        scales_.clear();
+    }
     bool GetTitleMode() const { return titleMode_; }
     void SetTitleMode(bool titleMode) { titleMode_ = titleMode; }
     // Where to note the line of each section title, parameter and table row
     // read from now on; none (null) by default.
     void SetSourceLines(SourceLines* sourceLines) { sourceLines_ = sourceLines; }
     std::uint64_t GetLineCounter() const { return lineCounter_; }
-    Position GetPosition() const { return Position{position_, currentLine_, lineCounter_, lineToReport_}; }
+    Position GetPosition() const {
+        return Position{nextLine_,          line_,        column_,        isLastLine_,
+                        reportedLine_,      reportsCurrentLine_, lineCounter_, lineToReport_};
+    }
     void SetPosition(const Position& position);
     // Column widths matter only to the exporter; the importer reads values
     // whatever their columns, so a section may set a width on either archive.
@@ -173,6 +191,9 @@ private:
     // Numbers: the current position is left after the number on success and
     // unchanged on failure. Reals are converted from the file's units.
     bool TryReadReal(double& value, Units::Runtime::DynamicDimension dimension);
+    // The size of the file's unit of a dimension, worked out at its first
+    // number (a file has a handful of dimensions).
+    const UnitScale& ScaleOf(Units::Runtime::DynamicDimension dimension);
     bool TryReadInteger(int& value);
     bool TryReadValue(double& value) { return TryReadReal(value, Units::Runtime::DynamicDimension{}); }
     bool TryReadValue(int& value) { return TryReadInteger(value); }
@@ -196,20 +217,28 @@ private:
     std::size_t CountNumbersAhead() const;
     bool LineStartsWithNumber() const;
     bool AtEndOfLine();
-    bool AtEndOfInput() const { return position_ == last_; }
+    // The end of the input: nothing is left of the current line, and no line
+    // break ended it.
+    bool AtEndOfInput() const { return isLastLine_ && column_ == line_.size(); }
     bool EndOfProfiles();
     bool AtCommentLine() const;
     bool MatchWords(const std::string& text);
     // The words of `text` from `it` on, any run of blanks between them.
-    bool ParseWords(Iterator& it, const std::string& text) const;
+    bool ParseWords(const char*& it, const std::string& text) const;
     // Whether the rest of the line holds nothing but blanks and, optionally,
     // the words of `text`.
     bool RestOfLineIs(const std::string& text);
     bool MatchTitle(const std::string& title);
+    // Passes over the rest of the current line and takes the next one.
     void SkipRestOfLine();
-    std::string CurrentLineText() const;
-    // Records the line that starts at the reading position as the current one.
-    void StartLine();
+    std::string CurrentLineText() const { return reportsCurrentLine_ ? line_ : reportedLine_; }
+    // Takes the line that starts at the iterator as the current one, up to
+    // LF, CR LF or a lone CR (old Mac files), and the iterator past its end.
+    void ReadLine();
+    // Where reading stands in the current line, and the line's end.
+    const char* Here() const { return line_.data() + column_; }
+    const char* LineEnd() const { return line_.data() + line_.size(); }
+    void MoveTo(const char* it) { column_ = static_cast<std::size_t>(it - line_.data()); }
     void ReadVector(std::vector<double>& values, std::size_t size, Units::Runtime::DynamicDimension dimension,
                     const std::string& comment);
     // One record of a table, appended to it.
@@ -221,7 +250,7 @@ private:
     template <class Value>
     void ReadField(boost::optional<Value>& field, std::size_t fieldCount, std::size_t numbersAhead);
     void ReadField(ValuesToEndOfLine field, std::size_t fieldCount, std::size_t numbersAhead);
-    [[noreturn]] void RaiseFieldError(const Iterator& fieldStart);
+    [[noreturn]] void RaiseFieldError(std::size_t fieldStart);
     void EndRow();
 
     template <class Field>
@@ -230,14 +259,20 @@ private:
         return std::is_same<Plain, boost::optional<double>>::value || std::is_same<Plain, boost::optional<int>>::value;
     }
 
-    Iterator position_;
+    // The start of the line after the current one.
+    Iterator nextLine_;
     Iterator last_;
     Units::Runtime::UnitSystem units_;
+    std::vector<std::pair<Units::Runtime::DynamicDimension, UnitScale>> scales_;
     std::uint64_t lineCounter_;
-    // The text of the current line, for messages. It is kept as text rather
-    // than as a position, so that the stream's buffer can be let go behind
-    // the reading position (only a saved Position holds it back).
-    std::string currentLine_;
+    // The current line, and how much of it is read.
+    std::string line_;
+    std::size_t column_ = 0;
+    bool isLastLine_ = false;
+    // The line that messages show: the current one, or the first comment
+    // line passed over after the last line read.
+    std::string reportedLine_;
+    bool reportsCurrentLine_ = true;
     std::uint64_t lineToReport_;
     std::string sectionTitle_;
     bool titleMode_;
@@ -254,12 +289,13 @@ using Importer = SpiritImporter<StreamIterator>;
 template <class Iterator>
 template <class Value>
 bool SpiritImporter<Iterator>::Parameter(Value&& value, const std::string& name, const std::string&) {
-    const Position start = GetPosition();
+    // A parameter is one line: a failed attempt goes back to where it began.
+    const std::size_t start = column_;
     if (TryReadParameter(value, name)) {
-        if (sourceLines_) sourceLines_->SetParameterLine(sectionTitle_, name, start.lineCounter);
+        if (sourceLines_) sourceLines_->SetParameterLine(sectionTitle_, name, lineCounter_);
         return true;
     }
-    SetPosition(start);
+    column_ = start;
     return false;
 }
 
@@ -351,7 +387,7 @@ void SpiritImporter<Iterator>::RowOfValues(Fields&&... fields) {
 template <class Iterator>
 template <class Field>
 void SpiritImporter<Iterator>::ReadField(Field&& field, std::size_t, std::size_t) {
-    const Iterator fieldStart = position_;
+    const std::size_t fieldStart = column_;
     if (!TryReadValue(field)) RaiseFieldError(fieldStart);
     ++fieldIndex_;
 }
@@ -366,7 +402,7 @@ void SpiritImporter<Iterator>::ReadField(boost::optional<Value>& field, std::siz
         field = boost::none;
         return;
     }
-    const Iterator fieldStart = position_;
+    const std::size_t fieldStart = column_;
     Value value{};
     if (!TryReadValue(value)) RaiseFieldError(fieldStart);
     field = value;

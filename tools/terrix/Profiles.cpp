@@ -6,6 +6,7 @@
 #include <fstream>
 #include <iostream>
 #include <istream>
+#include <memory>
 #include <streambuf>
 
 #include <TerrixExchange/document/TerrixMultipleSoilProfiles.h>
@@ -19,22 +20,36 @@ using TerrixExchange::Terrix;
 
 namespace {
 
-// Reads the text where it stands, without the copy an istringstream makes.
-class TextBuffer : public std::streambuf {
+// The bytes of a file or of standard input, read in blocks as the import
+// asks for them: the tool never holds the text, only the profiles read from
+// it. A failed read ends the input and keeps its errno.
+class FileReader : public std::streambuf {
 public:
-    explicit TextBuffer(const std::string& text) {
-        char* begin = const_cast<char*>(text.data());  // only ever read
-        setg(begin, begin, begin + text.size());
+    explicit FileReader(std::FILE* input) : input_(input) {}
+    int Error() const { return error_; }
+
+protected:
+    int_type underflow() override {
+        const std::size_t count = std::fread(buffer_, 1, sizeof buffer_, input_);
+        if (count == 0) {
+            if (std::ferror(input_)) error_ = errno != 0 ? errno : EIO;
+            return traits_type::eof();
+        }
+        setg(buffer_, buffer_, buffer_ + count);
+        return traits_type::to_int_type(buffer_[0]);
     }
+
+private:
+    std::FILE* input_;
+    char buffer_[65536];
+    int error_ = 0;
 };
 
 // The one call into the library's import: every profile of the stream, in
 // the units named or in those deduced for each profile from its own control
 // section. Whatever follows the last profile must be empty lines, comment
 // lines and the end line; anything else is an import error.
-FileProfiles ImportProfiles(const std::string& text, const boost::optional<UnitNames>& units) {
-    TextBuffer buffer(text);
-    std::istream stream(&buffer);
+FileProfiles ImportProfiles(std::istream& stream, const boost::optional<UnitNames>& units) {
     FileProfiles read;
     if (units) read.all.Import(stream, units->force, units->length, read.lines);
     else read.all.Import(stream, read.lines);
@@ -59,27 +74,27 @@ boost::optional<UnitNames> ToUnitNames(const std::vector<std::string>& values, c
     return names;
 }
 
-std::string ReadInput(const std::string& file) {
+FileProfiles ReadProfiles(const std::string& file, const boost::optional<UnitNames>& units) {
     const bool isStandardInput = file == "-";
     std::FILE* input = isStandardInput ? stdin : std::fopen(file.c_str(), "rb");
     if (input == nullptr) throw FileFailure(file, "cannot read", std::strerror(errno));
-    std::string text;
-    char buffer[65536];
-    std::size_t count = 0;
-    while ((count = std::fread(buffer, 1, sizeof buffer, input)) > 0) text.append(buffer, count);
-    const int error = std::ferror(input) ? errno : 0;
-    if (!isStandardInput) std::fclose(input);
-    if (error != 0) throw FileFailure(file, "cannot read", std::strerror(error));
-    return text;
-}
-
-FileProfiles ReadProfiles(const std::string& file, const boost::optional<UnitNames>& units) {
-    const std::string text = ReadInput(file);
+    std::unique_ptr<std::FILE, int (*)(std::FILE*)> closed(isStandardInput ? nullptr : input, &std::fclose);
+    FileReader reader(input);
+    std::istream stream(&reader);
+    // A file that cannot be read is told as such, not as the import error
+    // that its missing text would give.
+    auto readFailure = [&] { return FileFailure(file, "cannot read", std::strerror(reader.Error())); };
     try {
-        return ImportProfiles(text, units);
+        FileProfiles read = ImportProfiles(stream, units);
+        if (reader.Error() != 0) throw readFailure();
+        return read;
     } catch (const TerrixExchange::ImportError& error) {
+        if (reader.Error() != 0) throw readFailure();
         throw FileFailure(file, "cannot import", DisplayedImportError(error));
+    } catch (const Failure&) {
+        throw;
     } catch (const std::exception& error) {
+        if (reader.Error() != 0) throw readFailure();
         std::string detail = Displayed(error.what());
         if (detail == "Unable to deduce units")
             detail += "\nThe water unit weight and atmospheric pressure of the control section match no pair of "

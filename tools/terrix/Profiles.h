@@ -26,9 +26,6 @@ struct UnitNames {
 // name is a Failure that names the option and the unit.
 boost::optional<UnitNames> ToUnitNames(const std::vector<std::string>& values, const std::string& option);
 
-// The whole text of FILE, or of standard input for "-".
-std::string ReadInput(const std::string& file);
-
 // The profiles of a file, as the library read them (the one copy the tool
 // holds), and for each where its values stand in the file.
 struct FileProfiles {
