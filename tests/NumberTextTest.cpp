@@ -48,7 +48,8 @@ TEST(NumberText, ShortAndLongTextsOfANumberReadAlike) {
     std::uniform_int_distribution<long long> digits(0, 999999999999LL);
     std::uniform_int_distribution<int> exponent(-330, 310);
     const std::string zeros(60, '0');
-    for (const auto& [force, length] : {std::pair("kN", "m"), std::pair("N", "mm"), std::pair("GN", "km")}) {
+    for (const auto& [force, length] : {std::pair("kN", "m"), std::pair("N", "mm"), std::pair("GN", "km"),
+                                        std::pair("lbf", "ft"), std::pair("kgf", "in"), std::pair("kipf", "m")}) {
         const UnitRatio size = UnitSystem(force, length).GetSize(StressPhenomenon::dimension);
         for (int i = 0; i < 3000; ++i) {
             const std::string mantissa = (i % 3 ? "" : "-") + std::to_string(digits(random)) + "." +

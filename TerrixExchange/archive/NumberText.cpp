@@ -328,18 +328,18 @@ bool Guess(const Decimal& decimal, const UnitRatio& ratio, double& value) {
 // comparison is x numerator against halfway point x denominator, both exact
 // decimals, so it takes time linear in the number of digits however many
 // digits agree.
-bool MultiplyDivideExactly(const Decimal& decimal, const UnitRatio& ratio, double guess, double& value) {
-    if (IsZero(decimal)) {
-        value = decimal.negative ? -0.0 : 0.0;
-        return true;
-    }
+// From a guess at a positive result, the double nearest to the exact value
+// (halfway: the even one), told by `side` (-1, 0, 1: the exact value below,
+// at or beyond a point between two doubles). The result moves to a neighbour
+// while the exact value lies beyond the point halfway to it, at most
+// `maxSteps` times. False when it rounds to infinity or needs more steps.
+template <class Side>
+bool RoundExactly(double guess, bool negative, const Side& side, double& value,
+                  long maxSteps = std::numeric_limits<long>::max()) {
     const double largest = std::numeric_limits<double>::max();
-    const Wide denominator = static_cast<Wide>(ratio.denominator);
-    const Decimal product = Multiply(decimal, static_cast<Wide>(ratio.numerator));
-    // -1, 0, 1: the exact value below, at or beyond the point.
-    auto side = [&](const Binary& point) { return CompareMagnitudes(product, Times(point, denominator)); };
     double result = std::fabs(guess);
-    for (;;) {
+    for (long step = 0;; ++step) {
+        if (step > maxSteps) return false;
         if (result > 0.0) {
             const double lower = std::nextafter(result, 0.0);
             const int below = side(Midpoint(Decompose(lower), Decompose(result)));
@@ -360,7 +360,220 @@ bool MultiplyDivideExactly(const Decimal& decimal, const UnitRatio& ratio, doubl
         result = std::nextafter(result, largest);
         if (above == 0) break;
     }
-    value = decimal.negative ? -result : result;
+    value = negative ? -result : result;
+    return true;
+}
+
+// decimal x numerator / denominator rounded once, exactly, to the nearest
+// double. The comparison with a point is x numerator against the point x
+// denominator, both exact decimals, so it takes time linear in the number
+// of digits however many digits agree.
+bool MultiplyDivideExactly(const Decimal& decimal, const UnitRatio& ratio, double guess, double& value) {
+    if (IsZero(decimal)) {
+        value = decimal.negative ? -0.0 : 0.0;
+        return true;
+    }
+    const Wide denominator = static_cast<Wide>(ratio.denominator);
+    const Decimal product = Multiply(decimal, static_cast<Wide>(ratio.numerator));
+    auto side = [&](const Binary& point) { return CompareMagnitudes(product, Times(point, denominator)); };
+    return RoundExactly(guess, decimal.negative, side, value);
+}
+
+// --- Short numbers in units that are no power of ten ---
+//
+// A number as files write it has a few significant digits: M x 10^E with M
+// below 10^19. Its value M x 10^E x numerator / denominator is compared with
+// the points between doubles in whole numbers of at most 2,048 bits, with no
+// digit strings and no allocation.
+
+// A whole number of up to 2,048 bits, little-endian in 32-bit limbs. An
+// operation that needs more marks it as overflowed, and the caller then
+// takes the way of digit strings.
+class FixedNatural {
+public:
+    explicit FixedNatural(Wide value) {
+        for (; value != 0; value >>= 32) Push(static_cast<std::uint32_t>(value));
+    }
+
+    bool Overflowed() const { return overflowed_; }
+
+    void Multiply(std::uint32_t factor) {
+        std::uint64_t carry = 0;
+        for (int i = 0; i < size_; ++i) {
+            const std::uint64_t step = std::uint64_t{limbs_[i]} * factor + carry;
+            limbs_[i] = static_cast<std::uint32_t>(step);
+            carry = step >> 32;
+        }
+        if (carry != 0) Push(static_cast<std::uint32_t>(carry));
+    }
+
+    void Multiply(Wide factor) {
+        const FixedNatural other(factor);
+        FixedNatural product(0);
+        for (int j = 0; j < other.size_; ++j) {
+            FixedNatural partial = *this;
+            partial.Multiply(other.limbs_[j]);
+            partial.ShiftLeft(32 * j);
+            product.Add(partial);
+        }
+        product.overflowed_ = product.overflowed_ || overflowed_;
+        *this = product;
+    }
+
+    void MultiplyByPowerOfFive(int count) {
+        for (; count >= 13; count -= 13) Multiply(std::uint32_t{1220703125});  // 5^13
+        std::uint32_t rest = 1;
+        for (; count > 0; --count) rest *= 5;
+        Multiply(rest);
+    }
+
+    void ShiftLeft(int bits) {
+        const int whole = bits / 32;
+        const int part = bits % 32;
+        if (size_ == 0) return;
+        if (size_ + whole + 1 > capacity) {
+            overflowed_ = true;
+            return;
+        }
+        std::uint32_t shifted[capacity] = {};
+        for (int i = 0; i < size_; ++i) {
+            const std::uint64_t wide = std::uint64_t{limbs_[i]} << part;
+            shifted[i + whole] |= static_cast<std::uint32_t>(wide);
+            shifted[i + whole + 1] |= static_cast<std::uint32_t>(wide >> 32);
+        }
+        size_ += whole + 1;
+        std::copy(shifted, shifted + size_, limbs_);
+        Trim();
+    }
+
+    int BitLength() const {
+        if (size_ == 0) return 0;
+        int bits = 32 * (size_ - 1);
+        for (std::uint32_t top = limbs_[size_ - 1]; top != 0; top >>= 1) ++bits;
+        return bits;
+    }
+
+    friend int Compare(const FixedNatural& a, const FixedNatural& b) {
+        if (a.size_ != b.size_) return a.size_ < b.size_ ? -1 : 1;
+        for (int i = a.size_; i-- > 0;)
+            if (a.limbs_[i] != b.limbs_[i]) return a.limbs_[i] < b.limbs_[i] ? -1 : 1;
+        return 0;
+    }
+
+private:
+    static const int capacity = 64;
+
+    void Push(std::uint32_t limb) {
+        if (size_ == capacity) overflowed_ = true;
+        else limbs_[size_++] = limb;
+    }
+
+    void Add(const FixedNatural& other) {
+        std::uint64_t carry = 0;
+        for (int i = 0; i < std::max(size_, other.size_); ++i) {
+            const std::uint64_t step = std::uint64_t{i < size_ ? limbs_[i] : 0u} +
+                                       (i < other.size_ ? other.limbs_[i] : 0u) + carry;
+            if (i < size_) limbs_[i] = static_cast<std::uint32_t>(step);
+            else Push(static_cast<std::uint32_t>(step));
+            carry = step >> 32;
+        }
+        if (carry != 0) Push(static_cast<std::uint32_t>(carry));
+        overflowed_ = overflowed_ || other.overflowed_;
+    }
+
+    void Trim() {
+        while (size_ > 0 && limbs_[size_ - 1] == 0) --size_;
+    }
+
+    std::uint32_t limbs_[capacity] = {};
+    int size_ = 0;
+    bool overflowed_ = false;
+};
+
+// -1, 0, 1: a x 2^aExponent below, at or beyond b x 2^bExponent.
+int CompareScaled(FixedNatural a, int aExponent, FixedNatural b, int bExponent, bool& overflowed) {
+    const int aTop = a.BitLength() + aExponent;
+    const int bTop = b.BitLength() + bExponent;
+    if (aTop != bTop) return aTop < bTop ? -1 : 1;
+    if (aExponent > bExponent) a.ShiftLeft(aExponent - bExponent);
+    else b.ShiftLeft(bExponent - aExponent);
+    overflowed = overflowed || a.Overflowed() || b.Overflowed();
+    return Compare(a, b);
+}
+
+// The number token as M x 10^E; false for a token of more than 19
+// significant digits, an exponent of more than four digits or no digits.
+bool ToShortDecimal(const char* at, const char* last, bool& negative, std::uint64_t& mantissa, long& exponent) {
+    negative = false;
+    if (at != last && (*at == '+' || *at == '-')) negative = *at++ == '-';
+    mantissa = 0;
+    exponent = 0;
+    int significant = 0;
+    bool hasDigit = false;
+    bool afterPoint = false;
+    for (; at != last; ++at) {
+        if (*at == '.' && !afterPoint) {
+            afterPoint = true;
+            continue;
+        }
+        if (*at < '0' || *at > '9') break;
+        hasDigit = true;
+        if (mantissa == 0 && *at == '0') {
+            if (afterPoint) --exponent;
+            continue;
+        }
+        if (++significant > 19) return false;
+        mantissa = mantissa * 10 + static_cast<std::uint64_t>(*at - '0');
+        if (afterPoint) --exponent;
+    }
+    if (!hasDigit) return false;
+    if (at != last) {
+        if (*at != 'e' && *at != 'E' && *at != 'd' && *at != 'D') return false;
+        const char* digits = at + 1;
+        if (digits != last && *digits == '+') ++digits;
+        if (digits == last || last - digits > 5) return false;
+        long written = 0;
+        const std::from_chars_result parsed = std::from_chars(digits, last, written);
+        if (parsed.ec != std::errc() || parsed.ptr != last || written > 9999 || written < -9999) return false;
+        exponent += written;
+    }
+    return true;
+}
+
+// M x 10^E x numerator / denominator, rounded once to the nearest double, for
+// a short token whose result is a normal double well inside the range; false,
+// with nothing decided, for anything else.
+bool ParseShortInRatio(const char* first, const char* last, const UnitRatio& ratio, double& value) {
+    bool negative = false;
+    std::uint64_t mantissa = 0;
+    long exponent = 0;
+    if (!ToShortDecimal(first, last, negative, mantissa, exponent)) return false;
+    if (mantissa == 0) {
+        value = negative ? -0.0 : 0.0;
+        return true;
+    }
+    if (exponent > 300 || exponent < -300) return false;
+    const long double guess = static_cast<long double>(mantissa) * std::pow(10.0L, static_cast<long double>(exponent)) *
+                              (static_cast<long double>(ratio.numerator) / static_cast<long double>(ratio.denominator));
+    if (!(guess > 1e-290L && guess < 1e290L)) return false;
+    // The guess is within a few doubles of the result; a walk longer than
+    // that is left to the way of digit strings.
+    // M x numerator x 10^E against point x denominator: the powers of five of
+    // 10^E go to the side where they multiply, its powers of two are exponents.
+    FixedNatural written(static_cast<Wide>(mantissa));
+    written.Multiply(static_cast<Wide>(ratio.numerator));
+    if (exponent > 0) written.MultiplyByPowerOfFive(static_cast<int>(exponent));
+    bool overflowed = written.Overflowed();
+    auto side = [&](const Binary& point) {
+        FixedNatural scaled(static_cast<Wide>(point.mantissa));
+        scaled.Multiply(static_cast<Wide>(ratio.denominator));
+        if (exponent < 0) scaled.MultiplyByPowerOfFive(static_cast<int>(-exponent));
+        overflowed = overflowed || scaled.Overflowed();
+        return CompareScaled(written, static_cast<int>(exponent), scaled, point.exponent, overflowed);
+    };
+    double result = 0.0;
+    if (!RoundExactly(static_cast<double>(guess), negative, side, result, 8) || overflowed) return false;
+    value = result;
     return true;
 }
 
@@ -502,7 +715,9 @@ std::string FormatReal(double value, int fieldWidth, const UnitRatio& unitSize) 
 }
 
 bool ParseReal(const char* first, const char* last, double& value, const UnitScale& scale) {
-    if (scale.isPowerOfTen && ParseShortDecimal(first, last, scale.powerOfTen, value)) return true;
+    if (scale.isPowerOfTen ? ParseShortDecimal(first, last, scale.powerOfTen, value)
+                           : ParseShortInRatio(first, last, scale.size, value))
+        return true;
     Decimal decimal;
     if (ToDecimal(first, last, decimal)) return Convert(decimal, scale.size, value);
     // NaN and infinities have no unit.
