@@ -394,6 +394,14 @@ public:
     explicit FixedNatural(Wide value) {
         for (; value != 0; value >>= 32) Push(static_cast<std::uint32_t>(value));
     }
+    FixedNatural(const FixedNatural& other) { *this = other; }
+    // Only the limbs in use are copied.
+    FixedNatural& operator=(const FixedNatural& other) {
+        size_ = other.size_;
+        overflowed_ = other.overflowed_;
+        std::copy(other.limbs_, other.limbs_ + size_, limbs_);
+        return *this;
+    }
 
     bool Overflowed() const { return overflowed_; }
 
@@ -407,17 +415,27 @@ public:
         if (carry != 0) Push(static_cast<std::uint32_t>(carry));
     }
 
-    void Multiply(Wide factor) {
-        const FixedNatural other(factor);
-        FixedNatural product(0);
-        for (int j = 0; j < other.size_; ++j) {
-            FixedNatural partial = *this;
-            partial.Multiply(other.limbs_[j]);
-            partial.ShiftLeft(32 * j);
-            product.Add(partial);
+    // this x factor, schoolbook.
+    void Multiply(const FixedNatural& factor) {
+        if (size_ + factor.size_ > capacity) {
+            overflowed_ = true;
+            return;
         }
-        product.overflowed_ = product.overflowed_ || overflowed_;
-        *this = product;
+        std::uint32_t product[capacity];
+        std::fill(product, product + size_ + factor.size_, 0u);
+        for (int j = 0; j < factor.size_; ++j) {
+            std::uint64_t carry = 0;
+            for (int i = 0; i < size_; ++i) {
+                const std::uint64_t step = std::uint64_t{limbs_[i]} * factor.limbs_[j] + product[i + j] + carry;
+                product[i + j] = static_cast<std::uint32_t>(step);
+                carry = step >> 32;
+            }
+            product[size_ + j] = static_cast<std::uint32_t>(carry);
+        }
+        size_ += factor.size_;
+        overflowed_ = overflowed_ || factor.overflowed_;
+        std::copy(product, product + size_, limbs_);
+        Trim();
     }
 
     void MultiplyByPowerOfFive(int count) {
@@ -435,14 +453,13 @@ public:
             overflowed_ = true;
             return;
         }
-        std::uint32_t shifted[capacity] = {};
-        for (int i = 0; i < size_; ++i) {
+        for (int i = size_; i-- > 0;) {
             const std::uint64_t wide = std::uint64_t{limbs_[i]} << part;
-            shifted[i + whole] |= static_cast<std::uint32_t>(wide);
-            shifted[i + whole + 1] |= static_cast<std::uint32_t>(wide >> 32);
+            limbs_[i + whole + 1] = (i == size_ - 1 ? 0u : limbs_[i + whole + 1]) | static_cast<std::uint32_t>(wide >> 32);
+            limbs_[i + whole] = static_cast<std::uint32_t>(wide);
         }
+        std::fill(limbs_, limbs_ + whole, 0u);
         size_ += whole + 1;
-        std::copy(shifted, shifted + size_, limbs_);
         Trim();
     }
 
@@ -468,24 +485,12 @@ private:
         else limbs_[size_++] = limb;
     }
 
-    void Add(const FixedNatural& other) {
-        std::uint64_t carry = 0;
-        for (int i = 0; i < std::max(size_, other.size_); ++i) {
-            const std::uint64_t step = std::uint64_t{i < size_ ? limbs_[i] : 0u} +
-                                       (i < other.size_ ? other.limbs_[i] : 0u) + carry;
-            if (i < size_) limbs_[i] = static_cast<std::uint32_t>(step);
-            else Push(static_cast<std::uint32_t>(step));
-            carry = step >> 32;
-        }
-        if (carry != 0) Push(static_cast<std::uint32_t>(carry));
-        overflowed_ = overflowed_ || other.overflowed_;
-    }
-
     void Trim() {
         while (size_ > 0 && limbs_[size_ - 1] == 0) --size_;
     }
 
-    std::uint32_t limbs_[capacity] = {};
+    // Only the first size_ limbs hold the number.
+    std::uint32_t limbs_[capacity];
     int size_ = 0;
     bool overflowed_ = false;
 };
@@ -543,7 +548,7 @@ bool ToShortDecimal(const char* at, const char* last, bool& negative, std::uint6
 // M x 10^E x numerator / denominator, rounded once to the nearest double, for
 // a short token whose result is a normal double well inside the range; false,
 // with nothing decided, for anything else.
-bool ParseShortInRatio(const char* first, const char* last, const UnitRatio& ratio, double& value) {
+bool ParseShortInRatio(const char* first, const char* last, const UnitScale& scale, double& value) {
     bool negative = false;
     std::uint64_t mantissa = 0;
     long exponent = 0;
@@ -552,27 +557,28 @@ bool ParseShortInRatio(const char* first, const char* last, const UnitRatio& rat
         value = negative ? -0.0 : 0.0;
         return true;
     }
-    if (exponent > 300 || exponent < -300) return false;
-    const long double guess = static_cast<long double>(mantissa) * std::pow(10.0L, static_cast<long double>(exponent)) *
-                              (static_cast<long double>(ratio.numerator) / static_cast<long double>(ratio.denominator));
-    if (!(guess > 1e-290L && guess < 1e290L)) return false;
-    // The guess is within a few doubles of the result; a walk longer than
-    // that is left to the way of digit strings.
+    // The written number rounded once, times the unit's size rounded once: a
+    // guess within a few doubles of the result, which is walked to at most
+    // eight steps (anything else is left to the way of digit strings).
+    double written = 0.0;
+    if (exponent > 300 || exponent < -300 || !ParseShortDecimal(first, last, 0, written)) return false;
+    const double guess = written * scale.factor;
+    if (!(std::fabs(guess) > 1e-290 && std::fabs(guess) < 1e290)) return false;
     // M x numerator x 10^E against point x denominator: the powers of five of
     // 10^E go to the side where they multiply, its powers of two are exponents.
-    FixedNatural written(static_cast<Wide>(mantissa));
-    written.Multiply(static_cast<Wide>(ratio.numerator));
-    if (exponent > 0) written.MultiplyByPowerOfFive(static_cast<int>(exponent));
-    bool overflowed = written.Overflowed();
+    FixedNatural left(static_cast<Wide>(mantissa));
+    left.Multiply(FixedNatural(static_cast<Wide>(scale.size.numerator)));
+    FixedNatural right(static_cast<Wide>(scale.size.denominator));
+    if (exponent > 0) left.MultiplyByPowerOfFive(static_cast<int>(exponent));
+    else right.MultiplyByPowerOfFive(static_cast<int>(-exponent));
+    bool overflowed = left.Overflowed() || right.Overflowed();
     auto side = [&](const Binary& point) {
-        FixedNatural scaled(static_cast<Wide>(point.mantissa));
-        scaled.Multiply(static_cast<Wide>(ratio.denominator));
-        if (exponent < 0) scaled.MultiplyByPowerOfFive(static_cast<int>(-exponent));
-        overflowed = overflowed || scaled.Overflowed();
-        return CompareScaled(written, static_cast<int>(exponent), scaled, point.exponent, overflowed);
+        FixedNatural scaled = right;
+        scaled.Multiply(FixedNatural(static_cast<Wide>(point.mantissa)));
+        return CompareScaled(left, static_cast<int>(exponent), scaled, point.exponent, overflowed);
     };
     double result = 0.0;
-    if (!RoundExactly(static_cast<double>(guess), negative, side, result, 8) || overflowed) return false;
+    if (!RoundExactly(guess, negative, side, result, 8) || overflowed) return false;
     value = result;
     return true;
 }
@@ -716,7 +722,7 @@ std::string FormatReal(double value, int fieldWidth, const UnitRatio& unitSize) 
 
 bool ParseReal(const char* first, const char* last, double& value, const UnitScale& scale) {
     if (scale.isPowerOfTen ? ParseShortDecimal(first, last, scale.powerOfTen, value)
-                           : ParseShortInRatio(first, last, scale.size, value))
+                           : ParseShortInRatio(first, last, scale, value))
         return true;
     Decimal decimal;
     if (ToDecimal(first, last, decimal)) return Convert(decimal, scale.size, value);

@@ -42,10 +42,12 @@ struct UnitScale {
     Units::Runtime::UnitRatio size;
     bool isPowerOfTen = true;
     int powerOfTen = 0;
+    double factor = 1.0;
 
     UnitScale() = default;
     explicit UnitScale(const Units::Runtime::UnitRatio& unitSize) : size(unitSize) {
         isPowerOfTen = unitSize.IsPowerOfTen(powerOfTen);
+        factor = unitSize.ToDouble();
     }
 };
 bool ParseReal(const char* first, const char* last, double& value, const UnitScale& scale);
