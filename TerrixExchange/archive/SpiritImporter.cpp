@@ -1,5 +1,6 @@
 #include <TerrixExchange/archive/SpiritImporter.h>
 
+#include <algorithm>
 #include <vector>
 
 #include <boost/range/iterator_range.hpp>
@@ -404,6 +405,9 @@ void SpiritImporter<Iterator>::ReadVector(std::vector<double>& values, std::size
     // count that is far too large fails at the end of the values, not in the
     // allocator.
     values.clear();
+    // Room for the usual vector at once, so that the profile keeps no spare
+    // room; a count beyond it grows as its values come.
+    values.reserve(std::min<std::size_t>(size, 4096));
     const std::string sizeText = std::to_string(size);
     for (std::size_t i = 0; i < size; ++i) {
         if (AtEndOfLine()) {

@@ -357,6 +357,9 @@ void SpiritImporter<Iterator>::RecordVector(std::vector<Record>& records, std::s
                                             Arguments&&... arguments) {
     records.clear();
     for (std::size_t i = 0; i < count; ++i) ReadRecord(records, arguments...);
+    // A profile holds its tables for as long as the host keeps it: without
+    // the room a growing vector keeps in reserve.
+    records.shrink_to_fit();
 }
 
 template <class Iterator>
@@ -365,6 +368,7 @@ void SpiritImporter<Iterator>::RecordVector(std::vector<Record>& records,
                                             const boost::function<bool(const std::vector<Record>&)>& more) {
     records.clear();
     while (more(records)) ReadRecord(records);
+    records.shrink_to_fit();
 }
 
 template <class Iterator>
@@ -372,6 +376,7 @@ template <class Record>
 void SpiritImporter<Iterator>::OpenRecordVector(std::vector<Record>& records) {
     records.clear();
     while (LineStartsWithNumber()) ReadRecord(records);
+    records.shrink_to_fit();
 }
 
 template <class Iterator>
@@ -416,6 +421,7 @@ void SpiritImporter<Iterator>::ReadField(ValuesToEndOfLine field, std::size_t, s
     field.values.clear();
     double value = 0.0;
     while (TryReadReal(value, Units::Runtime::DynamicDimension{})) field.values.push_back(value);
+    field.values.shrink_to_fit();
     ++fieldIndex_;
 }
 
