@@ -51,18 +51,14 @@ const std::uint32_t profileCount = 1000;
 const double megabyte = 1024.0 * 1024.0;
 
 TerrixMultipleSoilProfiles& Profiles() {
-    static TerrixMultipleSoilProfiles profiles = [] {
-        TerrixMultipleSoilProfiles generated;
-        for (std::uint32_t i = 0; i < profileCount; ++i) generated.AddSoilProfile(ProfileGenerator(i).Generate());
-        return generated;
-    }();
+    static TerrixMultipleSoilProfiles profiles = GenerateProfiles(profileCount);
     return profiles;
 }
 
 const std::string& StreamText() {
     static const std::string text = [] {
         std::ostringstream stream;
-        Profiles().Export(stream, "kN", "m", {"Benchmark stream", "Generated North Sea profiles"});
+        Profiles().Export(stream, "kN", "m", streamHeaderLines);
         return stream.str();
     }();
     return text;
@@ -73,7 +69,7 @@ void ExportStream(benchmark::State& state) {
     std::size_t bytes = 0;
     for (auto _ : state) {
         std::ostringstream stream;
-        profiles.Export(stream, "kN", "m", {"Benchmark stream", "Generated North Sea profiles"});
+        profiles.Export(stream, "kN", "m", streamHeaderLines);
         bytes = stream.str().size();
         benchmark::DoNotOptimize(bytes);
     }
