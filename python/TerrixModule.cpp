@@ -186,10 +186,14 @@ const std::map<std::string, LayerQuery>& LayerQueries() {
     return queries;
 }
 
-py::object Answer(const LayerHandle& handle, const std::string& name) {
+const LayerQuery& LayerQueryNamed(const std::string& name) {
     const auto query = LayerQueries().find(name);
     if (query == LayerQueries().end()) throw py::key_error("no per-layer query '" + name + "'");
-    return query->second(handle.profile.Profile(), handle.layer);
+    return query->second;
+}
+
+py::object Answer(const LayerHandle& handle, const std::string& name) {
+    return LayerQueryNamed(name)(handle.profile.Profile(), handle.layer);
 }
 
 // ---- Reading and writing --------------------------------------------------
@@ -239,7 +243,7 @@ py::dict Parameters(const ProfileHandle& handle) {
     ForEachProfileQuery([&](const char* name, auto getter) {
         try {
             parameters[name] = ToPython((profile.*getter)());
-        } catch (const std::runtime_error& error) {
+        } catch (const std::exception& error) {
             py::dict failure;
             failure["error"] = py::str(error.what());
             parameters[name] = failure;
@@ -293,9 +297,10 @@ PYBIND11_MODULE(_terrix, module) {
             [](const LayerHandle& handle, const std::vector<std::string>& names) {
                 py::list answers;
                 for (const std::string& name : names) {
+                    const LayerQuery& query = LayerQueryNamed(name);
                     try {
-                        answers.append(Answer(handle, name));
-                    } catch (const std::runtime_error& error) {
+                        answers.append(query(handle.profile.Profile(), handle.layer));
+                    } catch (const std::exception& error) {
                         answers.append(py::handle(PyExc_RuntimeError)(error.what()));
                     }
                 }

@@ -23,7 +23,7 @@ from . import _terrix
 from ._terrix import CurveData, TerrixImportError
 
 __all__ = ["read", "loads", "write", "dumps", "Profile", "Layer", "CurveData", "TerrixImportError",
-           "CURVE_KINDS"]
+           "LAYER_ANSWERS", "CURVE_KINDS", "LEVEL_TABLES", "SCALAR_ANSWERS"]
 
 # Each per-layer answer of the library under its Python name: the
 # snake_case form of the query's name, which is its key in `terrix dump`.
