@@ -66,7 +66,7 @@ SCALAR_ANSWERS = tuple(name for name in LAYER_ANSWERS
                        if name not in LEVEL_TABLES and not name.endswith("_data"))
 
 
-def read(source, units=None):
+def read(path, units=None):
     """The profiles of a TERRIX file: a path, or a binary or text file object.
 
     units=("kN", "m") names the units the file's values are written in;
@@ -75,9 +75,9 @@ def read(source, units=None):
     is not what the format says raises TerrixImportError; units that cannot
     be deduced or are unknown raise RuntimeError.
     """
-    if hasattr(source, "read"):
-        return loads(source.read(), units)
-    with open(source, "rb") as file:
+    if hasattr(path, "read"):
+        return loads(path.read(), units)
+    with open(path, "rb") as file:
         return loads(file.read(), units)
 
 
@@ -95,15 +95,16 @@ def dumps(profiles, units=None, end_line=True):
     return _written(profiles, units, end_line).decode("utf-8", "surrogateescape")
 
 
-def write(profiles, target, units=None, end_line=True):
-    """Writes dumps(profiles, units, end_line) to a path or a file object."""
+def write(profiles, path, units=None, end_line=True):
+    """Writes dumps(profiles, units, end_line) to `path`: a path, or a
+    binary or text file object."""
     text = _written(profiles, units, end_line)
-    if isinstance(target, io.TextIOBase):
-        target.write(text.decode("utf-8", "surrogateescape"))
-    elif hasattr(target, "write"):
-        target.write(text)
+    if isinstance(path, io.TextIOBase):
+        path.write(text.decode("utf-8", "surrogateescape"))
+    elif hasattr(path, "write"):
+        path.write(text)
     else:
-        with open(target, "wb") as file:
+        with open(path, "wb") as file:
             file.write(text)
 
 

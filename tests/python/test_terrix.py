@@ -134,7 +134,7 @@ ROUND_TRIP = DUMP_CASES + sorted((CASES / "round-trip").glob("*.terrix"))
 def test_profiles_are_written_as_terrix_convert_writes_them(path, tmp_path):
     profiles = terrix.read(path)
     written = tmp_path / "written.terrix"
-    terrix.write(profiles, written)
+    terrix.write(profiles, path=written)
     assert written.read_bytes() == tool("convert", path)
     assert terrix.dumps(profiles).encode("utf-8", "surrogateescape") == written.read_bytes()
     assert terrix.dumps(profiles, units=("N", "mm"), end_line=False).encode("utf-8", "surrogateescape") == tool(
