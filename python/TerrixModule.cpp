@@ -12,7 +12,6 @@
 #include <memory>
 #include <optional>
 #include <sstream>
-#include <streambuf>
 #include <string>
 #include <tuple>
 #include <utility>
@@ -25,6 +24,7 @@
 #include <TerrixExchange/archive/ImportError.h>
 #include <TerrixExchange/archive/JsonArchive.h>
 #include <TerrixExchange/document/TerrixMultipleSoilProfiles.h>
+#include <TerrixExchange/document/TextInPlace.h>
 #include <TerrixExchange/queries/LayerDivisionCheck.h>
 #include <TerrixExchange/queries/NamedQueries.h>
 
@@ -70,15 +70,6 @@ struct CurveData {
 // not UTF-8 (an old file's header in Latin-1) is taken as Latin-1, as
 // terrix dump takes it, so that no byte is lost.
 py::str Text(const std::string& text) { return py::str(JsonText(text).get_ref<const std::string&>()); }
-
-// Reads the text where it stands, without a copy.
-class TextBuffer : public std::streambuf {
-public:
-    TextBuffer(const char* text, std::size_t size) {
-        char* begin = const_cast<char*>(text);  // only ever read
-        setg(begin, begin, begin + size);
-    }
-};
 
 // ---- Answers as Python values -------------------------------------------
 
@@ -205,7 +196,7 @@ std::vector<ProfileHandle> Loads(const py::bytes& text, const UnitNames& units) 
     auto imported = std::make_shared<ImportedProfiles>();
     {
         py::gil_scoped_release unlocked;
-        TextBuffer buffer(data, static_cast<std::size_t>(size));
+        TextInPlace buffer(data, static_cast<std::size_t>(size));
         std::istream stream(&buffer);
         if (units) imported->all.Import(stream, units->first, units->second, imported->lines);
         else imported->all.Import(stream, imported->lines);

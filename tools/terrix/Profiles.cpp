@@ -6,9 +6,9 @@
 #include <fstream>
 #include <iostream>
 #include <istream>
-#include <streambuf>
 
 #include <TerrixExchange/document/TerrixMultipleSoilProfiles.h>
+#include <TerrixExchange/document/TextInPlace.h>
 #include <TerrixPlatform/Units/Runtime/UnitSystem.h>
 
 #include "ToolError.h"
@@ -19,21 +19,12 @@ using TerrixExchange::Terrix;
 
 namespace {
 
-// Reads the text where it stands, without the copy an istringstream makes.
-class TextBuffer : public std::streambuf {
-public:
-    explicit TextBuffer(const std::string& text) {
-        char* begin = const_cast<char*>(text.data());  // only ever read
-        setg(begin, begin, begin + text.size());
-    }
-};
-
 // The one call into the library's import: every profile of the stream, in
 // the units named or in those deduced for each profile from its own control
 // section. Whatever follows the last profile must be empty lines, comment
 // lines and the end line; anything else is an import error.
 FileProfiles ImportProfiles(const std::string& text, const boost::optional<UnitNames>& units) {
-    TextBuffer buffer(text);
+    TerrixExchange::TextInPlace buffer(text.data(), text.size());
     std::istream stream(&buffer);
     FileProfiles read;
     if (units) read.all.Import(stream, units->force, units->length, read.lines);
