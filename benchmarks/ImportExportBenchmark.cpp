@@ -21,7 +21,7 @@
 #include <TerrixExchange/document/TerrixMultipleSoilProfiles.h>
 
 #include "Floors.h"
-#include "LayeredProfile.h"
+#include "LayeredProfileGenerator.h"
 #include "ProfileGenerator.h"
 #include "Ratios.h"
 
@@ -34,14 +34,10 @@ const std::uint32_t streamProfiles = 1000;
 const int layeredLayers = 4000;
 
 TerrixMultipleSoilProfiles& Profiles(Text which) {
-    static TerrixMultipleSoilProfiles stream = [] {
-        TerrixMultipleSoilProfiles generated;
-        for (std::uint32_t i = 0; i < streamProfiles; ++i) generated.AddSoilProfile(ProfileGenerator(i).Generate());
-        return generated;
-    }();
+    static TerrixMultipleSoilProfiles stream = GenerateProfiles(streamProfiles);
     static TerrixMultipleSoilProfiles layered = [] {
         TerrixMultipleSoilProfiles generated;
-        generated.AddSoilProfile(LayeredProfile::Generate(layeredLayers));
+        generated.AddSoilProfile(GenerateLayeredProfile(layeredLayers));
         return generated;
     }();
     return which == Text::Stream ? stream : layered;

@@ -8,11 +8,14 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <list>
 #include <random>
+#include <sstream>
 #include <string>
 #include <vector>
 
 #include <TerrixExchange/document/Terrix.h>
+#include <TerrixExchange/document/TerrixMultipleSoilProfiles.h>
 
 namespace TerrixExchange { namespace Benchmarks {
 
@@ -217,5 +220,14 @@ private:
     std::mt19937 random_;
     std::uint32_t index_;
 };
+
+// The benchmarks' stream: profiles 0 to count - 1, each in kN and m, the
+// stream's two header lines before the first.
+inline TerrixMultipleSoilProfiles GenerateProfiles(std::uint32_t count) {
+    TerrixMultipleSoilProfiles profiles;
+    for (std::uint32_t i = 0; i < count; ++i) profiles.AddSoilProfile(ProfileGenerator(i).Generate());
+    return profiles;
+}
+inline const std::list<std::string> streamHeaderLines = {"Benchmark stream", "Generated North Sea profiles"};
 
 }}  // namespace TerrixExchange::Benchmarks

@@ -1,4 +1,4 @@
-// The queries of a large version 4 profile (LayeredProfile.h) at 1,000 and
+// The queries of a large version 4 profile (LayeredProfileGenerator.h) at 1,000 and
 // 4,000 numbered layers, as a host (or `terrix dump`) asks them: the layers
 // split and merged, then every per-layer getter for every layer. Queries
 // never cache, so each call reads the sections afresh. The figure is how
@@ -10,8 +10,10 @@
 #include <benchmark/benchmark.h>
 
 #include <TerrixExchange/document/Terrix.h>
+#include <TerrixExchange/queries/NamedQueries.h>
 
-#include "LayeredProfile.h"
+#include "LayeredProfileGenerator.h"
+
 #include "Ratios.h"
 
 namespace TerrixExchange {
@@ -21,7 +23,7 @@ namespace {
 const Terrix& Profile(int layerCount) {
     static std::map<int, Terrix> profiles;
     auto found = profiles.find(layerCount);
-    if (found == profiles.end()) found = profiles.emplace(layerCount, LayeredProfile::Generate(layerCount)).first;
+    if (found == profiles.end()) found = profiles.emplace(layerCount, GenerateLayeredProfile(layerCount)).first;
     return found->second;
 }
 
@@ -44,32 +46,8 @@ void EveryPerLayerGetter(benchmark::State& state) {
     const Terrix& profile = Profile(static_cast<int>(state.range(0)));
     const std::vector<Layer> layers = profile.GetLayers(true);
     for (auto _ : state) {
-        for (const Layer& layer : layers) {
-            benchmark::DoNotOptimize(profile.GetSoilType(layer));
-            benchmark::DoNotOptimize(profile.GetPhi(layer));
-            benchmark::DoNotOptimize(profile.GetEpsc(layer));
-            benchmark::DoNotOptimize(profile.GetOverConsolidationRatio(layer));
-            benchmark::DoNotOptimize(profile.GetAPIJFactor(layer));
-            benchmark::DoNotOptimize(profile.GetOpenGap(layer));
-            benchmark::DoNotOptimize(profile.GetRPRatio(layer));
-            benchmark::DoNotOptimize(profile.GetTZCurveZDisplacement(layer));
-            benchmark::DoNotOptimize(profile.GetLayerUnitWeight(layer));
-            benchmark::DoNotOptimize(profile.GetInitialModulus(layer));
-            benchmark::DoNotOptimize(profile.GetInitialSoilShearModulus(layer));
-            benchmark::DoNotOptimize(profile.GetDSDiameterRatio(layer));
-            benchmark::DoNotOptimize(profile.GetPoissonRatio(layer));
-            benchmark::DoNotOptimize(profile.GetDTDiameterRatio(layer));
-            benchmark::DoNotOptimize(profile.GetSUz(layer));
-            benchmark::DoNotOptimize(profile.GetSkinCompression(layer));
-            benchmark::DoNotOptimize(profile.GetSkinTension(layer));
-            benchmark::DoNotOptimize(profile.GetTipResistance(layer));
-            benchmark::DoNotOptimize(profile.GetPyData(layer));
-            benchmark::DoNotOptimize(profile.GetTzData(layer));
-            benchmark::DoNotOptimize(profile.GetQzData(layer));
-            benchmark::DoNotOptimize(profile.GetMthetaData(layer));
-            benchmark::DoNotOptimize(profile.GetBSyData(layer));
-            benchmark::DoNotOptimize(profile.GetBMthetaData(layer));
-        }
+        for (const Layer& layer : layers)
+            ForEachLayerQuery([&](const char*, auto getter) { benchmark::DoNotOptimize((profile.*getter)(layer)); });
     }
     state.counters["layers"] = static_cast<double>(layers.size());
     // The time of one layer's getters.

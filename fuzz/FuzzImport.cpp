@@ -18,14 +18,12 @@
 #include <vector>
 
 #include <TerrixExchange/document/TerrixMultipleSoilProfiles.h>
+#include <TerrixExchange/queries/LayerDivisionCheck.h>
+#include <TerrixExchange/queries/NamedQueries.h>
 
 using namespace TerrixExchange;
 
 namespace {
-
-// More numbered layers than any profile has (as the terrix tool takes it):
-// splitting divisions that run backwards or count more would never end.
-const std::uint64_t maximumNumberedLayers = 1000000;
 
 void Require(bool condition, const char* what) {
     if (condition) return;
@@ -46,17 +44,6 @@ std::string Written(Terrix profile) {
     return text.str();
 }
 
-bool SplitsSafely(const Terrix& profile) {
-    if (profile.GetVersion() != Version::V4) return true;
-    std::uint64_t covered = 0;
-    for (const auto& division : profile.GetTerrixInputData().soilLayerDivisionsAndCodesForPyTzQzSection.records) {
-        if (division.LAYER2 < division.LAYER1) return false;
-        covered += division.GetSublayerCount();
-        if (covered > maximumNumberedLayers) return false;
-    }
-    return true;
-}
-
 template <class Query>
 void Ask(Query query) {
     try {
@@ -66,44 +53,16 @@ void Ask(Query query) {
     }
 }
 
+// Every query of the library's lists. Splitting divisions that run
+// backwards or count more layers than a profile can have would never end,
+// so those are split only when the library's check finds nothing.
 void AskEverything(const Terrix& p) {
-    Ask([&] { p.GetWaterUnitWeight(); p.GetLowestLevelWithCyclicPY(); p.GetLowestShearStiff(); });
-    Ask([&] { p.GetTanPhiCoeff(); p.GetShearStrengthCoeff(); p.GetSkinFrictionCoeff(); p.GetPileTipResistanceCoeff(); });
-    Ask([&] { p.GetDiameterCount(); p.GetModulusOfElasticity(); p.GetModulusOfElasticitySlope(); });
-    Ask([&] { p.GetAveragePoissonRatio(); p.GetZSeafloor(); p.GetDepthOfScour(); p.GetDepthOfLocalScour(); });
-    Ask([&] { p.GetSideSlope(); p.GetVerticalStressAtSurface(); p.GetVerticalStressUnderEmbankment(); });
-    Ask([&] { p.GetWidthOfEmbankmentSlopingPart(); p.GetDistancePileToEmbankmentToe(); });
-    Ask([&] { p.GetVerticalStressUnderCircularLoadedArea(); p.GetRadiusOfCircularLoadedArea(); });
-    Ask([&] { p.GetZoneOfInfluenceTZ(); p.GetCurveShapeFactorTZ(); });
+    ForEachProfileQuery([&](const char*, auto getter) { Ask([&] { (p.*getter)(); }); });
     std::vector<Layer> layers;
     Ask([&] { layers = p.GetLayers(false); });
-    if (SplitsSafely(p)) Ask([&] { layers = p.GetLayers(true); });
-    for (const Layer& layer : layers) {
-        Ask([&] { p.GetSoilType(layer); });
-        Ask([&] { p.GetPhi(layer); });
-        Ask([&] { p.GetEpsc(layer); });
-        Ask([&] { p.GetOverConsolidationRatio(layer); });
-        Ask([&] { p.GetAPIJFactor(layer); });
-        Ask([&] { p.GetOpenGap(layer); });
-        Ask([&] { p.GetRPRatio(layer); });
-        Ask([&] { p.GetTZCurveZDisplacement(layer); });
-        Ask([&] { p.GetLayerUnitWeight(layer); });
-        Ask([&] { p.GetInitialModulus(layer); });
-        Ask([&] { p.GetInitialSoilShearModulus(layer); });
-        Ask([&] { p.GetDSDiameterRatio(layer); });
-        Ask([&] { p.GetPoissonRatio(layer); });
-        Ask([&] { p.GetDTDiameterRatio(layer); });
-        Ask([&] { p.GetSkinCompression(layer); });
-        Ask([&] { p.GetSkinTension(layer); });
-        Ask([&] { p.GetTipResistance(layer); });
-        Ask([&] { p.GetSUz(layer); });
-        Ask([&] { p.GetPyData(layer); });
-        Ask([&] { p.GetTzData(layer); });
-        Ask([&] { p.GetQzData(layer); });
-        Ask([&] { p.GetMthetaData(layer); });
-        Ask([&] { p.GetBSyData(layer); });
-        Ask([&] { p.GetBMthetaData(layer); });
-    }
+    if (!FindLayerDivisionError(p, SourceLines())) Ask([&] { layers = p.GetLayers(true); });
+    for (const Layer& layer : layers)
+        ForEachLayerQuery([&](const char*, auto getter) { Ask([&] { (p.*getter)(layer); }); });
 }
 
 void ReadWriteAndAsk(const std::string& text, bool deduceUnits) {

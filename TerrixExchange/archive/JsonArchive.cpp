@@ -1,7 +1,5 @@
 #include <TerrixExchange/archive/JsonArchive.h>
 
-#include <cmath>
-
 #include <TerrixExchange/document/Terrix.h>
 
 namespace TerrixExchange {
@@ -53,12 +51,6 @@ Json JsonText(const std::string& text) {
         }
     }
     return utf8;
-}
-
-Json JsonNumber(double value) {
-    if (std::isnan(value)) return "NaN";
-    if (std::isinf(value)) return value > 0 ? "Infinity" : "-Infinity";
-    return value;
 }
 
 JsonArchive::SectionGuard JsonArchive::BeginSection(const std::string& title) {

@@ -18,9 +18,12 @@ class Terrix;
 
 using Json = nlohmann::ordered_json;
 
-// A number as JSON: finite values as numbers, NaN and the infinities as the
-// strings "NaN", "Infinity" and "-Infinity", which JSON has no numbers for.
-Json JsonNumber(double value);
+// A number as JSON, NaN and the infinities included: the value holds the
+// library's double as it is, so that a program reads back every number
+// with get<double>(). JSON text has no numbers for NaN and the infinities;
+// a writer spells them (terrix dump as the strings "NaN", "Infinity" and
+// "-Infinity"; nlohmann's own dump() writes null).
+inline Json JsonNumber(double value) { return Json(value); }
 inline Json JsonNumber(int value) { return Json(value); }
 inline Json JsonNumber(std::uint64_t value) { return Json(value); }
 // A quantity by its value in database units (N and m).

@@ -2,8 +2,9 @@
 #include <iostream>
 #include <memory>
 
+#include <TerrixExchange/queries/LayerDivisionCheck.h>
+
 #include "Commands.h"
-#include "Findings.h"
 #include "Profiles.h"
 #include "ToolError.h"
 
@@ -48,7 +49,7 @@ int RunCheck(const CheckOptions& options) {
             // into are errors of the file, at their lines.
             bool sound = true;
             for (std::size_t i = 0; i < read.Profiles().size(); ++i)
-                if (const auto error = FindLayerDivisionError(read.Profiles()[i], read.lines[i])) {
+                if (const auto error = TerrixExchange::FindLayerDivisionError(read.Profiles()[i], read.lines[i])) {
                     std::cout << file << ":" << error->line << ": error: " << error->text << std::endl;
                     sound = false;
                 }

@@ -23,9 +23,11 @@ void Write(const Json& value, int depth, std::string& text) {
     const std::string indent(2 * (depth + 1), ' ');
     const std::string closingIndent(2 * depth, ' ');
     switch (value.type()) {
-        case Json::value_t::number_float:
-            text += ShortestText(value.get<double>());
+        case Json::value_t::number_float: {
+            const double number = value.get<double>();
+            text += std::isfinite(number) ? ShortestText(number) : "\"" + NonFiniteText(number) + "\"";
             return;
+        }
         case Json::value_t::array: {
             if (value.empty()) {
                 text += "[]";
@@ -78,6 +80,11 @@ void Write(const Json& value, int depth, std::string& text) {
 }
 
 }  // namespace
+
+std::string NonFiniteText(double value) {
+    if (std::isnan(value)) return "NaN";
+    return value > 0 ? "Infinity" : "-Infinity";
+}
 
 std::string WriteJson(const Json& value) {
     std::string text;

@@ -16,7 +16,13 @@ using TerrixExchange::JsonText;
 
 // The text of a JSON value, indented by two blanks per level, a list of
 // plain values on one line ("[0.9, 1, 0]"), each real written with the
-// shortest text that reads back as the same double.
+// shortest text that reads back as the same double; NaN and the infinities,
+// which JSON has no numbers for, as the strings "NaN", "Infinity" and
+// "-Infinity".
 std::string WriteJson(const Json& value);
+
+// "NaN", "Infinity" or "-Infinity": how the tool spells a number that is
+// not finite.
+std::string NonFiniteText(double value);
 
 }  // namespace TerrixTool

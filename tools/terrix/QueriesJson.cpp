@@ -3,7 +3,8 @@
 #include <exception>
 #include <tuple>
 
-#include "Findings.h"
+#include <TerrixExchange/queries/LayerDivisionCheck.h>
+#include <TerrixExchange/queries/NamedQueries.h>
 
 namespace TerrixTool {
 
@@ -84,37 +85,13 @@ void AddAnswer(Json& json, const char* key, const Terrix& profile, Getter getter
     json[key] = Answer([&] { return JsonOf((profile.*getter)(arguments...)); });
 }
 
-// The curve data of one kind for a layer, as CurveKinds hands it out.
-template <class Data, Data (Terrix::*getter)(const Layer&) const>
-Json CurveAnswer(const Terrix& profile, const Layer& layer) {
-    return Answer([&] { return JsonOf((profile.*getter)(layer)); });
-}
-
 Json LayerJson(const Terrix& profile, const Layer& layer) {
     Json json{{"mainLayer", layer.mainLayer},
               {"firstLayer", layer.firstLayer},
               {"layerCount", layer.layerCount},
               {"zTop", JsonNumber(layer.zTop)},
               {"zBottom", JsonNumber(layer.zBottom)}};
-    AddAnswer(json, "SoilType", profile, &Terrix::GetSoilType, layer);
-    AddAnswer(json, "Phi", profile, &Terrix::GetPhi, layer);
-    AddAnswer(json, "Epsc", profile, &Terrix::GetEpsc, layer);
-    AddAnswer(json, "OverConsolidationRatio", profile, &Terrix::GetOverConsolidationRatio, layer);
-    AddAnswer(json, "APIJFactor", profile, &Terrix::GetAPIJFactor, layer);
-    AddAnswer(json, "OpenGap", profile, &Terrix::GetOpenGap, layer);
-    AddAnswer(json, "RPRatio", profile, &Terrix::GetRPRatio, layer);
-    AddAnswer(json, "TZCurveZDisplacement", profile, &Terrix::GetTZCurveZDisplacement, layer);
-    AddAnswer(json, "LayerUnitWeight", profile, &Terrix::GetLayerUnitWeight, layer);
-    AddAnswer(json, "InitialModulus", profile, &Terrix::GetInitialModulus, layer);
-    AddAnswer(json, "InitialSoilShearModulus", profile, &Terrix::GetInitialSoilShearModulus, layer);
-    AddAnswer(json, "DSDiameterRatio", profile, &Terrix::GetDSDiameterRatio, layer);
-    AddAnswer(json, "PoissonRatio", profile, &Terrix::GetPoissonRatio, layer);
-    AddAnswer(json, "DTDiameterRatio", profile, &Terrix::GetDTDiameterRatio, layer);
-    AddAnswer(json, "SUz", profile, &Terrix::GetSUz, layer);
-    AddAnswer(json, "SkinCompression", profile, &Terrix::GetSkinCompression, layer);
-    AddAnswer(json, "SkinTension", profile, &Terrix::GetSkinTension, layer);
-    AddAnswer(json, "TipResistance", profile, &Terrix::GetTipResistance, layer);
-    for (const CurveKind& kind : CurveKinds()) json[kind.key] = kind.answer(profile, layer);
+    ForEachLayerQuery([&](const char* key, auto getter) { AddAnswer(json, key, profile, getter, layer); });
     return json;
 }
 
@@ -122,35 +99,12 @@ Json LayerJson(const Terrix& profile, const Layer& layer) {
 
 Json ParametersJson(const Terrix& profile) {
     Json json = Json::object();
-    AddAnswer(json, "WaterUnitWeight", profile, &Terrix::GetWaterUnitWeight);
-    AddAnswer(json, "LowestLevelWithCyclicPY", profile, &Terrix::GetLowestLevelWithCyclicPY);
-    AddAnswer(json, "LowestShearStiff", profile, &Terrix::GetLowestShearStiff);
-    AddAnswer(json, "TanPhiCoeff", profile, &Terrix::GetTanPhiCoeff);
-    AddAnswer(json, "ShearStrengthCoeff", profile, &Terrix::GetShearStrengthCoeff);
-    AddAnswer(json, "SkinFrictionCoeff", profile, &Terrix::GetSkinFrictionCoeff);
-    AddAnswer(json, "PileTipResistanceCoeff", profile, &Terrix::GetPileTipResistanceCoeff);
-    AddAnswer(json, "DiameterCount", profile, &Terrix::GetDiameterCount);
-    AddAnswer(json, "ModulusOfElasticity", profile, &Terrix::GetModulusOfElasticity);
-    AddAnswer(json, "ModulusOfElasticitySlope", profile, &Terrix::GetModulusOfElasticitySlope);
-    AddAnswer(json, "AveragePoissonRatio", profile, &Terrix::GetAveragePoissonRatio);
-    AddAnswer(json, "ZSeafloor", profile, &Terrix::GetZSeafloor);
-    AddAnswer(json, "DepthOfScour", profile, &Terrix::GetDepthOfScour);
-    AddAnswer(json, "DepthOfLocalScour", profile, &Terrix::GetDepthOfLocalScour);
-    AddAnswer(json, "SideSlope", profile, &Terrix::GetSideSlope);
-    AddAnswer(json, "VerticalStressAtSurface", profile, &Terrix::GetVerticalStressAtSurface);
-    AddAnswer(json, "VerticalStressUnderEmbankment", profile, &Terrix::GetVerticalStressUnderEmbankment);
-    AddAnswer(json, "WidthOfEmbankmentSlopingPart", profile, &Terrix::GetWidthOfEmbankmentSlopingPart);
-    AddAnswer(json, "DistancePileToEmbankmentToe", profile, &Terrix::GetDistancePileToEmbankmentToe);
-    AddAnswer(json, "VerticalStressUnderCircularLoadedArea", profile,
-              &Terrix::GetVerticalStressUnderCircularLoadedArea);
-    AddAnswer(json, "RadiusOfCircularLoadedArea", profile, &Terrix::GetRadiusOfCircularLoadedArea);
-    AddAnswer(json, "ZoneOfInfluenceTZ", profile, &Terrix::GetZoneOfInfluenceTZ);
-    AddAnswer(json, "CurveShapeFactorTZ", profile, &Terrix::GetCurveShapeFactorTZ);
+    ForEachProfileQuery([&](const char* key, auto getter) { AddAnswer(json, key, profile, getter); });
     return json;
 }
 
 Json LayersJson(const Terrix& profile, const SourceLines& lines, bool split) {
-    if (const auto error = FindLayerDivisionError(profile, lines)) return Json{{"error", WithLine(*error)}};
+    if (const auto error = FindLayerDivisionError(profile, lines)) return Json{{"error", error->WithLine()}};
     return Answer([&] {
         const std::vector<Layer> layers = profile.GetLayers(split);
         Json list = Json::array();
@@ -161,32 +115,14 @@ Json LayersJson(const Terrix& profile, const SourceLines& lines, bool split) {
 
 const std::vector<CurveKind>& CurveKinds() {
     static const std::vector<CurveKind> kinds{
-        {"PyData", "P-Y", true, FactorsJson(PyModification::defaultModification),
-         &CurveAnswer<PyData, &Terrix::GetPyData>},
-        {"TzData", "T-Z", true, FactorsJson(TzModification::defaultModification),
-         &CurveAnswer<TzData, &Terrix::GetTzData>},
-        {"QzData", "Q-Z", true, FactorsJson(QzModification::defaultModification),
-         &CurveAnswer<QzData, &Terrix::GetQzData>},
-        {"MthetaData", "M-theta", false, FactorsJson(MThetaModification::defaultModification),
-         &CurveAnswer<MThetaData, &Terrix::GetMthetaData>},
-        {"BSyData", "BS-Y", false, FactorsJson(BSYModification::defaultModification),
-         &CurveAnswer<BSYData, &Terrix::GetBSyData>},
-        {"BMthetaData", "BM-theta", false, FactorsJson(BMThetaModification::defaultModification),
-         &CurveAnswer<BMThetaData, &Terrix::GetBMthetaData>},
+        {"PyData", "P-Y", true, FactorsJson(PyModification::defaultModification)},
+        {"TzData", "T-Z", true, FactorsJson(TzModification::defaultModification)},
+        {"QzData", "Q-Z", true, FactorsJson(QzModification::defaultModification)},
+        {"MthetaData", "M-theta", false, FactorsJson(MThetaModification::defaultModification)},
+        {"BSyData", "BS-Y", false, FactorsJson(BSYModification::defaultModification)},
+        {"BMthetaData", "BM-theta", false, FactorsJson(BMThetaModification::defaultModification)},
     };
     return kinds;
-}
-
-const char* SoilTypeName(Terrix::SoilType type) {
-    switch (type) {
-        case Terrix::SoilType::Sand:
-            return "Sand";
-        case Terrix::SoilType::Clay:
-            return "Clay";
-        case Terrix::SoilType::Undefined:
-            break;
-    }
-    return "Undefined";
 }
 
 }  // namespace TerrixTool

@@ -12,15 +12,16 @@
 namespace TerrixTool {
 
 // Every profile-wide getter, keyed by its name without "Get"
-// ("WaterUnitWeight", "ZSeafloor", ...), in the order of the file's
-// sections. A getter that throws is {"error": its message}.
+// ("WaterUnitWeight", "ZSeafloor", ...), in the order of the library's
+// ForEachProfileQuery. A getter that throws is {"error": its message}.
 Json ParametersJson(const TerrixExchange::Terrix& profile);
 
 // The layers of GetLayers(split), or {"error": its message} when that call
 // throws. Layer divisions that run backwards or cover more numbered layers
-// than a profile can have are {"error": "line N: ..."} (see Findings.h):
-// GetLayers is not asked then. Each layer has mainLayer, firstLayer, layerCount, zTop and zBottom,
-// then every per-layer getter keyed by its name without "Get"; a getter that
+// than a profile can have are {"error": "line N: ..."}
+// (FindLayerDivisionError of the library): GetLayers is not asked then. Each
+// layer has mainLayer, firstLayer, layerCount, zTop and zBottom, then every
+// per-layer getter of ForEachLayerQuery keyed by its name; a getter that
 // throws is {"error": its message} in its place, the other keys still filled.
 // An ordered map is an array of [key, value] pairs in ascending key order;
 // curve data are {"code", "manualCurves", "modifications"}, "code" only for
@@ -29,19 +30,14 @@ Json LayersJson(const TerrixExchange::Terrix& profile, const TerrixExchange::Sou
 
 // The six kinds of curve data of a layer, in the order of LayersJson: the
 // key of its answer ("PyData", ..., "BMthetaData"), its name for people
-// ("P-Y", "M-theta"), whether its data carry a curve code, the factors that
-// leave a curve of the kind as it is (as LayersJson writes factors), and
-// the answer for a layer.
+// ("P-Y", "M-theta"), whether its data carry a curve code, and the factors
+// that leave a curve of the kind as it is (as LayersJson writes factors).
 struct CurveKind {
     const char* key;
     const char* name;
     bool hasCode;
     Json identityFactors;
-    Json (*answer)(const TerrixExchange::Terrix& profile, const TerrixExchange::Layer& layer);
 };
 const std::vector<CurveKind>& CurveKinds();
-
-// "Sand", "Clay" or "Undefined".
-const char* SoilTypeName(TerrixExchange::Terrix::SoilType type);
 
 }  // namespace TerrixTool

@@ -64,11 +64,14 @@ const std::size_t valueWidth = 12;
 
 bool IsError(const Json& answer) { return answer.is_object() && answer.contains("error"); }
 
-// A value of the dump that is not a number: "-" for an absent one, the text
-// of NaN and the infinities as it stands, "yes" or "no", and "" for a failed
-// answer, whose error is shown apart.
+bool IsFiniteNumber(const Json& value) { return value.is_number() && std::isfinite(value.get<double>()); }
+
+// A value of the dump that is not a finite number: "-" for an absent one,
+// NaN and the infinities as the dump spells them, a text as it stands, "yes"
+// or "no", and "" for a failed answer, whose error is shown apart.
 std::string Other(const Json& value) {
     if (value.is_null()) return "-";
+    if (value.is_number()) return NonFiniteText(value.get<double>());
     if (value.is_string()) return value.get<std::string>();
     if (value.is_boolean()) return value.get<bool>() ? "yes" : "no";
     return "";
@@ -92,11 +95,14 @@ public:
         return name;
     }
 
-    // A number of the dump (database units) as the file writes it; "-" for
-    // an absent value, "" for a failed answer (whose error is told apart).
+    // A number of the profile (database units) as the file writes it.
+    std::string Number(double value, DynamicDimension dimension, std::size_t width = cellWidth) const {
+        return Compact(toFile_.Convert(value, dimension), width);
+    }
+    // A number of the dump so; "-" for an absent value, "" for a failed
+    // answer (whose error is told apart).
     std::string Number(const Json& value, DynamicDimension dimension, std::size_t width = cellWidth) const {
-        if (value.is_number()) return Compact(toFile_.Convert(value.get<double>(), dimension), width);
-        return Other(value);
+        return IsFiniteNumber(value) ? Number(value.get<double>(), dimension, width) : Other(value);
     }
 
     // An answer with its unit: "12 m", "-" when absent, the error in full.
@@ -104,7 +110,7 @@ public:
         if (IsError(answer)) return ErrorText(answer);
         const std::string number = Number(answer, dimension, valueWidth);
         const std::string unit = Name(dimension);
-        return answer.is_number() && !unit.empty() ? number + " " + unit : number;
+        return IsFiniteNumber(answer) && !unit.empty() ? number + " " + unit : number;
     }
 
 private:
@@ -121,7 +127,7 @@ const DynamicDimension unitWeight = Units::Runtime::ForcePerUnitVolumePhenomenon
 
 // An angle of the dump (radians) in degrees.
 std::string Degrees(const Json& answer, std::size_t width = cellWidth) {
-    return answer.is_number() ? Compact(answer.get<double>() * degreesPerRadian, width) : Other(answer);
+    return IsFiniteNumber(answer) ? Compact(answer.get<double>() * degreesPerRadian, width) : Other(answer);
 }
 
 // Lines of output, each kept within 80 columns: a longer line is broken at
@@ -289,7 +295,7 @@ void PrintParameters(const Terrix& profile, const FileUnits& units, Lines& lines
     if (!IsError(parameters["DiameterCount"])) {
         std::string list;
         for (const auto& diameter : profile.GetTerrixInputData().pileDiametersAndGroupEffectsSection.diameters)
-            list += (list.empty() ? "" : ", ") + units.Number(Json(diameter.GetValue()), length, valueWidth);
+            list += (list.empty() ? "" : ", ") + units.Number(diameter.GetValue(), length, valueWidth);
         if (!list.empty()) diameters += ": " + list + " " + units.Name(length);
     }
 

@@ -1,18 +1,19 @@
 #pragma once
 
-// A large version 4 profile for the benchmarks: numbered soil layers in
-// divisions of four, five soil types, a level row at every layer boundary,
-// four pile diameters, and manual curves of all six kinds for every layer and
-// diameter (every code 000). Two neighbouring layers share their curves, so
-// each division comes back from the layering as two layers of two: the merge
-// compares equal data as often as different data.
+// A large version 4 profile for the benchmarks of the queries and of the
+// Python module: LAYERCOUNT numbered soil layers in divisions of four, five
+// soil types, a level row at every layer boundary, four pile diameters, and
+// manual curves of all six kinds for every layer and diameter (every code
+// 000). Two neighbouring layers share their curves, so each division comes
+// back as two layers of two: the merge compares equal data as often as
+// different data, and GetLayers(true) gives LAYERCOUNT / 2 layers.
 
 #include <vector>
 
 #include <TerrixExchange/document/Terrix.h>
 
-namespace TerrixExchange { namespace Benchmarks {
-
+namespace TerrixExchange {
+namespace Benchmarks {
 namespace LayeredProfile {
 
 using Length = Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>;
@@ -24,7 +25,7 @@ const std::vector<double> diameters = {1.524, 1.829, 2.134, 2.438};
 
 // A curve of a few points, in N and m, the same for the two layers of a pair.
 template <class Record>
-inline Record ManualCurve(int layer, double diameter, double scale) {
+Record ManualCurve(int layer, double diameter, double scale) {
     const double pair = (layer + 1) / 2;
     Record record;
     record.LAY = layer;
@@ -35,11 +36,11 @@ inline Record ManualCurve(int layer, double diameter, double scale) {
 }
 
 template <class Record>
-inline Record EveryLayerAndDiameter() {
+Record EveryLayerAndDiameter() {
     return Record();  // 0 0 0.0 with the identity factors
 }
 
-inline Terrix Generate(int layerCount) {
+inline Terrix GenerateLayeredProfile(int layerCount) {
     Terrix profile(Version::V4);
     TerrixInputData& data = profile.GetTerrixInputData();
     data.controlSection.NUMTYP = soilTypes;
@@ -121,4 +122,7 @@ inline Terrix Generate(int layerCount) {
 
 }  // namespace LayeredProfile
 
-}}  // namespace TerrixExchange::Benchmarks
+using LayeredProfile::GenerateLayeredProfile;
+
+}  // namespace Benchmarks
+}  // namespace TerrixExchange
