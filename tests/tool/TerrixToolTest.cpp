@@ -36,10 +36,14 @@ using TerrixToolTest = TerrixToolTesting::ToolTest;
 
 TEST_F(TerrixToolTest, CheckPrintsOkPerFileAndGoesOnAfterAFileThatCannotBeRead) {
     const std::string missing = Path("missing.txt");
-    const ToolRun run = Run({"check", examplePath, missing, "-"}, ReadFile(examplePath));
+    // A directory opens, but its reading fails: that failure is told, not
+    // the import error that the missing text would give.
+    const std::string directory = TERRIX_TEST_CASES_DIR;
+    const ToolRun run = Run({"check", examplePath, missing, directory, "-"}, ReadFile(examplePath));
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.out, examplePath + ": OK version 5, 1 profile, units kN m\n-: OK version 5, 1 profile, units kN m\n");
-    EXPECT_EQ(run.err, "terrix: " + missing + ": cannot read\nNo such file or directory\n");
+    EXPECT_EQ(run.err, "terrix: " + missing + ": cannot read\nNo such file or directory\nterrix: " + directory +
+                           ": cannot read\nIs a directory\n");
 
     // Each profile of a stream is deduced on its own; differing versions and
     // units are listed once each, in file order.
