@@ -645,21 +645,29 @@ Decimal ShortestWritten(double value, const UnitRatio& unitSize) {
 
 // --- Texts of a decimal ---
 
-std::string SignOf(const Decimal& decimal) { return decimal.negative ? "-" : ""; }
-
 // Plain decimals: "100.0", "12.5", "0.25". `compact` leaves out a zero that
-// only marks the place of the point: "100.", ".25".
+// only marks the place of the point: "100.", ".25". The text is built in one
+// string, as a number is written for every value of a file.
 std::string Plain(const Decimal& decimal, bool compact = false) {
     const long count = static_cast<long>(decimal.digits.size());
     const long e = decimal.exponent;
-    if (e >= count - 1)
-        return SignOf(decimal) + decimal.digits + std::string(static_cast<std::size_t>(e - (count - 1)), '0') +
-               (compact ? "." : ".0");
-    if (e >= 0)
-        return SignOf(decimal) + decimal.digits.substr(0, static_cast<std::size_t>(e) + 1) + "." +
-               decimal.digits.substr(static_cast<std::size_t>(e) + 1);
-    return SignOf(decimal) + (compact ? "." : "0.") + std::string(static_cast<std::size_t>(-e - 1), '0') +
-           decimal.digits;
+    std::string text;
+    text.reserve(static_cast<std::size_t>(count + std::labs(e) + 4));
+    if (decimal.negative) text += '-';
+    if (e >= count - 1) {
+        text += decimal.digits;
+        text.append(static_cast<std::size_t>(e - (count - 1)), '0');
+        text += compact ? "." : ".0";
+    } else if (e >= 0) {
+        text.append(decimal.digits, 0, static_cast<std::size_t>(e) + 1);
+        text += '.';
+        text.append(decimal.digits, static_cast<std::size_t>(e) + 1, std::string::npos);
+    } else {
+        text += compact ? "." : "0.";
+        text.append(static_cast<std::size_t>(-e - 1), '0');
+        text += decimal.digits;
+    }
+    return text;
 }
 
 // Exponent form with the point after `before` digits (0: in front of them;
@@ -667,14 +675,22 @@ std::string Plain(const Decimal& decimal, bool compact = false) {
 // exponent digits), else "2.5e12", "25e11", ".25e13".
 std::string Exponential(const Decimal& decimal, std::size_t before, bool padded) {
     const std::size_t count = decimal.digits.size();
-    std::string text = SignOf(decimal) + decimal.digits.substr(0, before);
-    if (before < count) text += "." + decimal.digits.substr(before);
+    std::string text;
+    text.reserve(count + 10);
+    if (decimal.negative) text += '-';
+    text.append(decimal.digits, 0, before);
+    if (before < count) {
+        text += '.';
+        text.append(decimal.digits, before, std::string::npos);
+    }
     const long exponent = decimal.exponent - (static_cast<long>(before) - 1);
-    const std::string digits = std::to_string(std::labs(exponent));
-    text += "e";
-    if (exponent < 0) text += "-";
-    if (padded) text += (exponent < 0 ? "" : "+") + std::string(digits.size() < 2 ? "0" : "") + digits;
-    else text += digits;
+    char digits[24];
+    const char* end = std::to_chars(digits, digits + sizeof digits, std::labs(exponent)).ptr;
+    text += 'e';
+    if (exponent < 0) text += '-';
+    else if (padded) text += '+';
+    if (padded && end - digits < 2) text += '0';
+    text.append(digits, static_cast<std::size_t>(end - digits));
     return text;
 }
 
@@ -703,20 +719,20 @@ std::string FormatReal(double value, int fieldWidth, const UnitRatio& unitSize) 
     const Decimal decimal = ShortestWritten(value, unitSize);
     const bool hasPlain = HasPlainForm(decimal);
     const bool isWhole = decimal.exponent >= static_cast<long>(decimal.digits.size()) - 1;
-    const std::string plain = hasPlain ? Plain(decimal) : std::string();
-    const std::string exponential = Exponential(decimal, 1, true);
     // The usual forms first; in a column too narrow for them, shorter texts
     // of the same number, so that the column widens only when none fits.
-    std::vector<std::string> texts;
-    if (hasPlain) texts.push_back(plain);
-    texts.push_back(exponential);
+    // Each is made only when the ones before it do not fit.
+    const std::string plain = hasPlain ? Plain(decimal) : std::string();
+    if (hasPlain && plain.size() <= width) return plain;
+    const std::string exponential = Exponential(decimal, 1, true);
+    if (exponential.size() <= width) return exponential;
     const std::string compactPlain = hasPlain ? Plain(decimal, true) : std::string();
-    if (hasPlain && compactPlain != plain) texts.push_back(compactPlain);
-    texts.push_back(Exponential(decimal, 1, false));
-    if (hasPlain && isWhole) texts.push_back(compactPlain.substr(0, compactPlain.size() - 1));
-    texts.push_back(ShortestExponential(decimal));
-    for (const std::string& text : texts)
-        if (text.size() <= width) return text;
+    if (hasPlain && compactPlain.size() <= width) return compactPlain;
+    std::string text = Exponential(decimal, 1, false);
+    if (text.size() <= width) return text;
+    if (hasPlain && isWhole && compactPlain.size() - 1 <= width) return compactPlain.substr(0, compactPlain.size() - 1);
+    text = ShortestExponential(decimal);
+    if (text.size() <= width) return text;
     return hasPlain && plain.size() <= exponential.size() ? plain : exponential;
 }
 
