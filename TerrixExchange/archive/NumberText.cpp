@@ -621,13 +621,13 @@ Decimal Rounded(const Decimal& decimal, std::size_t count) {
 }
 
 // The shortest decimal that reads back as `value` in a unit of the size.
-Decimal ShortestWritten(double value, const UnitRatio& unitSize) {
-    int shift = 0;
-    if (unitSize.IsPowerOfTen(shift)) {
+Decimal ShortestWritten(double value, const UnitScale& scale) {
+    if (scale.isPowerOfTen) {
         Decimal decimal = ShortestDecimal(value);
-        if (!IsZero(decimal)) decimal.exponent -= shift;
+        if (!IsZero(decimal)) decimal.exponent -= scale.powerOfTen;
         return decimal;
     }
+    const UnitRatio& unitSize = scale.size;
     const Decimal exact = Divide(Multiply(ShortestDecimal(value, static_cast<int>(divisionDigits)),
                                           static_cast<Wide>(unitSize.denominator)),
                                  static_cast<Wide>(unitSize.numerator), divisionDigits);
@@ -713,10 +713,14 @@ std::string ShortestExponential(const Decimal& decimal) {
 }  // namespace
 
 std::string FormatReal(double value, int fieldWidth, const UnitRatio& unitSize) {
+    return FormatReal(value, fieldWidth, UnitScale(unitSize));
+}
+
+std::string FormatReal(double value, int fieldWidth, const UnitScale& scale) {
     if (std::isnan(value)) return std::signbit(value) ? "-NaN" : "NaN";
     if (std::isinf(value)) return value > 0 ? "Inf" : "-Inf";
     const std::size_t width = fieldWidth > 0 ? static_cast<std::size_t>(fieldWidth) : 0;
-    const Decimal decimal = ShortestWritten(value, unitSize);
+    const Decimal decimal = ShortestWritten(value, scale);
     const bool hasPlain = HasPlainForm(decimal);
     const bool isWhole = decimal.exponent >= static_cast<long>(decimal.digits.size()) - 1;
     // The usual forms first; in a column too narrow for them, shorter texts

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <string>
+#include <utility>
+#include <vector>
 
 #include <TerrixPlatform/Units/Runtime/UnitRatio.h>
 
@@ -51,5 +53,23 @@ struct UnitScale {
     }
 };
 bool ParseReal(const char* first, const char* last, double& value, const UnitScale& scale);
+std::string FormatReal(double value, int fieldWidth, const UnitScale& scale);
+
+// The scales of one unit system for the dimensions a text uses, each worked
+// out at its first number (a file has a handful of dimensions).
+class UnitScales {
+public:
+    explicit UnitScales(const Units::Runtime::UnitSystem& units) : units_(units) {}
+    const UnitScale& Of(Units::Runtime::DynamicDimension dimension) {
+        for (const auto& known : known_)
+            if (known.first == dimension) return known.second;
+        known_.emplace_back(dimension, UnitScale(units_.GetSize(dimension)));
+        return known_.back().second;
+    }
+
+private:
+    Units::Runtime::UnitSystem units_;
+    std::vector<std::pair<Units::Runtime::DynamicDimension, UnitScale>> known_;
+};
 
 }  // namespace TerrixExchange

@@ -1,5 +1,7 @@
 #include <TerrixExchange/archive/SpiritExporter.h>
 
+#include <iterator>
+
 #include <boost/spirit/include/karma.hpp>
 
 #include <TerrixExchange/archive/NumberText.h>
@@ -22,7 +24,9 @@ const int vectorLineLength = 80;
 template <class OutputIterator>
 SpiritExporter<OutputIterator>::SpiritExporter(OutputIterator sink, int columnWidth,
                                                const boost::optional<Units::Runtime::FastUnitConverter>& converter)
-    : columnWidth_(columnWidth), sink_(sink), converter_(converter) {}
+    : columnWidth_(columnWidth), sink_(sink), converter_(converter) {
+    if (converter_) scales_.emplace(converter_->GetTo());
+}
 
 template <class OutputIterator>
 void SpiritExporter<OutputIterator>::WriteText(const std::string& text) {
@@ -42,15 +46,23 @@ void SpiritExporter<OutputIterator>::SectionTitle(const std::string& title) {
 template <class OutputIterator>
 void SpiritExporter<OutputIterator>::WriteReal(double value, Units::Runtime::DynamicDimension dimension) {
     const int field = columnWidth_ - 1;
-    const std::string text =
-        converter_ ? FormatReal(value, field, converter_->GetTo().GetSize(dimension)) : FormatReal(value, field);
-    karma::generate(sink_, ' ' << karma::right_align(field > 0 ? field : 0)[karma::string], text);
+    WriteInColumn(scales_ ? FormatReal(value, field, scales_->Of(dimension)) : FormatReal(value, field));
 }
 
 template <class OutputIterator>
 void SpiritExporter<OutputIterator>::WriteInteger(long long value) {
-    const int field = columnWidth_ - 1;
-    karma::generate(sink_, ' ' << karma::right_align(field > 0 ? field : 0)[karma::long_long], value);
+    std::string text;
+    karma::generate(std::back_inserter(text), karma::long_long, value);
+    WriteInColumn(text);
+}
+
+template <class OutputIterator>
+void SpiritExporter<OutputIterator>::WriteInColumn(const std::string& text) {
+    // Padded here rather than with Karma's alignment, which buffers every
+    // field it aligns.
+    const std::size_t field = columnWidth_ > 1 ? static_cast<std::size_t>(columnWidth_ - 1) : 0;
+    const std::size_t blanks = 1 + (text.size() < field ? field - text.size() : 0);
+    karma::generate(sink_, karma::repeat(blanks)[karma::lit(' ')] << karma::string, text);
 }
 
 template <class OutputIterator>

@@ -12,6 +12,7 @@
 #include <boost/spirit/home/karma/stream/ostream_iterator.hpp>
 
 #include <TerrixExchange/archive/ArchiveFields.h>
+#include <TerrixExchange/archive/NumberText.h>
 #include <TerrixPlatform/AllocationCallbacks/AllocationCallbacks.h>
 #include <TerrixPlatform/Units/Runtime/FastUnitConverter.h>
 
@@ -134,6 +135,9 @@ private:
     }
 
     void WriteText(const std::string& text);
+    // A blank, then the text right-aligned in the rest of the column (wider
+    // when it does not fit).
+    void WriteInColumn(const std::string& text);
     void WriteReal(double value, Units::Runtime::DynamicDimension dimension);
     void WriteInteger(long long value);
     void WriteParameterName(const std::string& name, const std::string& comment);
@@ -164,6 +168,9 @@ private:
     int columnWidth_;
     OutputIterator sink_;
     boost::optional<Units::Runtime::FastUnitConverter> converter_;
+    // The export's unit of each dimension; none when values are written as
+    // they stand.
+    boost::optional<UnitScales> scales_;
 };
 
 using StreamSink = boost::spirit::karma::ostream_iterator<char, char>;

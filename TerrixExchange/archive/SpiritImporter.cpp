@@ -76,7 +76,13 @@ std::vector<std::string> WordsOf(const std::string& text) {
 template <class Iterator>
 SpiritImporter<Iterator>::SpiritImporter(Iterator first, Iterator last, const Units::Runtime::UnitSystem& units,
                                          bool titleMode)
-    : nextLine_(first), last_(last), units_(units), lineCounter_(1), lineToReport_(1), titleMode_(titleMode) {
+    : nextLine_(first),
+      last_(last),
+      units_(units),
+      scales_(units),
+      lineCounter_(1),
+      lineToReport_(1),
+      titleMode_(titleMode) {
     ReadLine();
 }
 
@@ -107,14 +113,6 @@ void SpiritImporter<Iterator>::ReadLine() {
         line_ += c;
     }
     isLastLine_ = true;
-}
-
-template <class Iterator>
-const UnitScale& SpiritImporter<Iterator>::ScaleOf(Units::Runtime::DynamicDimension dimension) {
-    for (const auto& known : scales_)
-        if (known.first == dimension) return known.second;
-    scales_.emplace_back(dimension, UnitScale(units_.GetSize(dimension)));
-    return scales_.back().second;
 }
 
 template <class Iterator>
@@ -251,7 +249,7 @@ void SpiritImporter<Iterator>::BlankLine() {
 template <class Iterator>
 bool SpiritImporter<Iterator>::TryReadReal(double& value, Units::Runtime::DynamicDimension dimension) {
     Cursor it = Here();
-    if (!ParseNumber(it, LineEnd(), value, ScaleOf(dimension))) return false;
+    if (!ParseNumber(it, LineEnd(), value, scales_.Of(dimension))) return false;
     MoveTo(it);
     return true;
 }

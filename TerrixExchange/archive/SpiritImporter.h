@@ -85,7 +85,7 @@ public:
     const Units::Runtime::UnitSystem& GetUnitSystem() const { return units_; }
     void SetUnitSystem(const Units::Runtime::UnitSystem& units) {
         units_ = units;
-        scales_.clear();
+        scales_ = UnitScales(units);
     }
     bool GetTitleMode() const { return titleMode_; }
     void SetTitleMode(bool titleMode) { titleMode_ = titleMode; }
@@ -191,9 +191,6 @@ private:
     // Numbers: the current position is left after the number on success and
     // unchanged on failure. Reals are converted from the file's units.
     bool TryReadReal(double& value, Units::Runtime::DynamicDimension dimension);
-    // The size of the file's unit of a dimension, worked out at its first
-    // number (a file has a handful of dimensions).
-    const UnitScale& ScaleOf(Units::Runtime::DynamicDimension dimension);
     bool TryReadInteger(int& value);
     bool TryReadValue(double& value) { return TryReadReal(value, Units::Runtime::DynamicDimension{}); }
     bool TryReadValue(int& value) { return TryReadInteger(value); }
@@ -263,7 +260,7 @@ private:
     Iterator nextLine_;
     Iterator last_;
     Units::Runtime::UnitSystem units_;
-    std::vector<std::pair<Units::Runtime::DynamicDimension, UnitScale>> scales_;
+    UnitScales scales_;
     std::uint64_t lineCounter_;
     // The current line, and how much of it is read.
     std::string line_;
