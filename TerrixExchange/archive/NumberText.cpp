@@ -716,10 +716,55 @@ std::string FormatReal(double value, int fieldWidth, const UnitRatio& unitSize) 
     return FormatReal(value, fieldWidth, UnitScale(unitSize));
 }
 
+// The plain text of a value in a unit that is a power of ten, when it fits
+// its column: the usual case, made in place from the shortest digits that
+// std::to_chars gives, without building the decimal. False when it does not
+// fit or has no plain form, for the general way to decide.
+bool FitPlainText(double value, int powerOfTen, std::size_t width, std::string& text) {
+    char shortest[32];
+    const char* end = std::to_chars(shortest, shortest + sizeof shortest, value, std::chars_format::scientific).ptr;
+    const char* at = shortest;
+    const bool negative = *at == '-';
+    if (negative) ++at;
+    char digits[20];
+    long count = 0;
+    for (; at != end && *at != 'e'; ++at)
+        if (*at != '.') digits[count++] = *at;
+    long exponent = 0;
+    std::from_chars(at + 1 + (at[1] == '+'), end, exponent);
+    if (count == 1 && digits[0] == '0') exponent = 0;
+    else exponent -= powerOfTen;
+    if (std::labs(exponent) >= 40) return false;
+    // sign, digits, zeros before or after them, the point and a zero
+    const std::size_t length = (negative ? 1 : 0) + static_cast<std::size_t>(count) +
+                               static_cast<std::size_t>(exponent >= count - 1 ? exponent - (count - 1) + 2
+                                                        : exponent >= 0          ? 1
+                                                                                 : 1 - exponent);
+    if (length > width) return false;
+    text.clear();
+    if (negative) text += '-';
+    if (exponent >= count - 1) {
+        text.append(digits, static_cast<std::size_t>(count));
+        text.append(static_cast<std::size_t>(exponent - (count - 1)), '0');
+        text += ".0";
+    } else if (exponent >= 0) {
+        text.append(digits, static_cast<std::size_t>(exponent) + 1);
+        text += '.';
+        text.append(digits + exponent + 1, static_cast<std::size_t>(count - exponent - 1));
+    } else {
+        text += "0.";
+        text.append(static_cast<std::size_t>(-exponent - 1), '0');
+        text.append(digits, static_cast<std::size_t>(count));
+    }
+    return true;
+}
+
 std::string FormatReal(double value, int fieldWidth, const UnitScale& scale) {
     if (std::isnan(value)) return std::signbit(value) ? "-NaN" : "NaN";
     if (std::isinf(value)) return value > 0 ? "Inf" : "-Inf";
     const std::size_t width = fieldWidth > 0 ? static_cast<std::size_t>(fieldWidth) : 0;
+    std::string text;
+    if (scale.isPowerOfTen && FitPlainText(value, scale.powerOfTen, width, text)) return text;
     const Decimal decimal = ShortestWritten(value, scale);
     const bool hasPlain = HasPlainForm(decimal);
     const bool isWhole = decimal.exponent >= static_cast<long>(decimal.digits.size()) - 1;
@@ -732,7 +777,7 @@ std::string FormatReal(double value, int fieldWidth, const UnitScale& scale) {
     if (exponential.size() <= width) return exponential;
     const std::string compactPlain = hasPlain ? Plain(decimal, true) : std::string();
     if (hasPlain && compactPlain.size() <= width) return compactPlain;
-    std::string text = Exponential(decimal, 1, false);
+    text = Exponential(decimal, 1, false);
     if (text.size() <= width) return text;
     if (hasPlain && isWhole && compactPlain.size() - 1 <= width) return compactPlain.substr(0, compactPlain.size() - 1);
     text = ShortestExponential(decimal);
