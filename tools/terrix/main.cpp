@@ -117,6 +117,7 @@ int main(int argc, char** argv) {
     TerrixTool::AddShowCommand(app, run);
     TerrixTool::AddDumpCommand(app, run);
     TerrixTool::AddConvertCommand(app, run);
+    TerrixTool::AddReportCommand(app, run);
 
     try {
         app.parse(argc, argv);
