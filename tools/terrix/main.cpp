@@ -140,6 +140,7 @@ int main(int argc, char** argv) {
     TerrixTool::AddDumpCommand(app, run);
     TerrixTool::AddConvertCommand(app, run);
     TerrixTool::AddReportCommand(app, run);
+    TerrixTool::AddDiffCommand(app, run);
 
     try {
         app.parse(argc, argv);
