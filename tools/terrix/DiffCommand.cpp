@@ -131,7 +131,7 @@ int RunDiff(const DiffOptions& options) {
 
 void AddDiffCommand(CLI::App& app, CommandRun& run) {
     auto options = std::make_shared<DiffOptions>();
-    CLI::App* command = app.add_subcommand("diff", "What differs between two files, by value; exit 1 if anything");
+    CLI::App* command = app.add_subcommand("diff", "What differs between two files, by value");
     AddUnitsOption(*command, options->units);
     command->add_flag("--json", options->json, "The differences as JSON");
     command->add_option("A", options->a, "The first TERRIX file; - for standard input")->required();

@@ -429,7 +429,7 @@ int RunReport(const ReportOptions& options) {
 void AddReportCommand(CLI::App& app, CommandRun& run) {
     auto options = std::make_shared<ReportOptions>();
     CLI::App* command = app.add_subcommand(
-        "report", "One self-contained HTML page of each profile: soil column, plots, curves");
+        "report", "One HTML page of each profile: soil column, plots, curves");
     AddUnitsOption(*command, options->units);
     command->add_option("-o", options->out, "Write to OUT instead of FILE with .html")->type_name("OUT");
     AddFileArgument(*command, options->file);
