@@ -87,6 +87,14 @@ std::vector<UnitBoundColumn> JsonArchive::Walk(const Terrix& profile, Json& sect
     return archive.GetNonZeroColumns();
 }
 
+void JsonArchive::Walk(const Terrix& profile, Json& sections, Json& dimensions) {
+    sections = Json::object();
+    dimensions = Json::object();
+    JsonArchive archive(sections, &dimensions);
+    if (profile.GetVersion() == Version::V4 || profile.GetVersion() == Version::V5)
+        Terrix(profile).SerializeSections(archive);
+}
+
 Json DescribeSections(const Terrix& profile) {
     Json sections;
     JsonArchive::Walk(profile, sections);

@@ -83,8 +83,12 @@ public:
     // Describes the profile's sections into `sections`; gives back the
     // unit-bound columns that hold a value other than zero.
     static std::vector<UnitBoundColumn> Walk(const Terrix& profile, Json& sections);
+    // The same, and the dimension of each parameter and column in
+    // `dimensions`: section title -> name -> [force power, length power];
+    // [0, 0] for plain numbers and for the columns kept as written.
+    static void Walk(const Terrix& profile, Json& sections, Json& dimensions);
 
-    explicit JsonArchive(Json& sections) : sections_(sections) {}
+    explicit JsonArchive(Json& sections, Json* dimensions = nullptr) : sections_(sections), dimensions_(dimensions) {}
     JsonArchive(const JsonArchive&) = delete;
     JsonArchive& operator=(const JsonArchive&) = delete;
 
@@ -105,6 +109,7 @@ public:
     template <class Value>
     bool Parameter(Value&& value, const std::string& name, const std::string&) {
         (*section_)[name] = ToJson(value);
+        NoteDimension(name, DimensionOf(value));
         return true;
     }
     template <class Value>
@@ -144,12 +149,15 @@ public:
     template <class Field>
     void Vector(const NamedField<Field>& vector, std::size_t, const std::string&) {
         (record_ ? *record_ : *section_)[vector.name] = ToJson(vector.field);
+        NoteDimension(vector.name, DimensionOf(vector.field));
     }
 
 private:
     template <class Field>
     void AddColumn(const NamedField<Field>& column) {
         (*record_)[column.name] = ToJson(column.field);
+        NoteDimension(column.name, column.meaning == ColumnMeaning::Converted ? DimensionOf(column.field)
+                                                                             : Units::Runtime::DynamicDimension{});
         if (column.meaning != ColumnMeaning::Converted)
             MeetColumn(column.name, column.meaning, IsNonZero(column.field));
     }
@@ -176,6 +184,35 @@ private:
     }
     static Json ToJson(const ValuesToEndOfLine& values) { return JsonNumbers(values.values); }
 
+    // The dimension of a field: that of its quantities, none for plain numbers.
+    template <class Value>
+    static Units::Runtime::DynamicDimension DimensionOf(const Value&) {
+        return {};
+    }
+    template <class Phenomenon>
+    static Units::Runtime::DynamicDimension DimensionOf(const Units::Runtime::Quantity<Phenomenon>&) {
+        return Phenomenon::dimension;
+    }
+    template <class Phenomenon>
+    static Units::Runtime::DynamicDimension DimensionOf(const std::vector<Units::Runtime::Quantity<Phenomenon>>&) {
+        return Phenomenon::dimension;
+    }
+    template <class Phenomenon>
+    static Units::Runtime::DynamicDimension DimensionOf(const Dimensioned<Phenomenon>&) {
+        return Phenomenon::dimension;
+    }
+    template <class Phenomenon>
+    static Units::Runtime::DynamicDimension DimensionOf(const DimensionedVector<Phenomenon>&) {
+        return Phenomenon::dimension;
+    }
+    template <class Value>
+    static Units::Runtime::DynamicDimension DimensionOf(const boost::optional<Value>&) {
+        return DimensionOf(Value{});
+    }
+    void NoteDimension(const std::string& name, Units::Runtime::DynamicDimension dimension) {
+        if (dimensions_) (*dimensions_)[title_][name] = Json::array({dimension.force, dimension.length});
+    }
+
     static bool IsNonZero(double value) { return value != 0.0; }
     static bool IsNonZero(int value) { return value != 0; }
     template <class Phenomenon>
@@ -194,6 +231,7 @@ private:
     }
 
     Json& sections_;
+    Json* dimensions_ = nullptr;
     Json* section_ = nullptr;
     Json* record_ = nullptr;
     std::string title_;

@@ -172,6 +172,9 @@ public:
     // may hold only the vector's comment, as the exporter writes it.
     template <class Field>
     void Vector(NamedField<Field> vector, std::size_t size, const std::string& comment) {
+        // A vector of a section (the pile diameters) is known by its name,
+        // like a parameter; within a table row it names the row's last one.
+        if (sourceLines_) sourceLines_->SetParameterLine(sectionTitle_, vector.name, lineCounter_);
         Vector(std::forward<Field>(vector.field), size, comment);
     }
 

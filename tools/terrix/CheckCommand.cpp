@@ -3,6 +3,7 @@
 #include <memory>
 
 #include <TerrixExchange/queries/LayerDivisionCheck.h>
+#include <TerrixExchange/queries/SoundnessCheck.h>
 
 #include "Commands.h"
 #include "Profiles.h"
@@ -15,7 +16,36 @@ namespace {
 struct CheckOptions {
     std::vector<std::string> files;
     std::vector<std::string> units;
+    bool strict = false;
 };
+
+struct Finding {
+    std::uint64_t line;
+    bool isError;
+    std::string text;
+
+    bool operator<(const Finding& other) const { return line < other.line; }
+    bool operator==(const Finding& other) const { return line == other.line && text == other.text; }
+};
+
+// What is wrong in a file's profiles, by line: the layer divisions that
+// cannot be split, and with --strict what no sound profile holds. A
+// division that runs backwards is told once, though both checks find it.
+std::vector<Finding> FindingsOf(const FileProfiles& read, bool strict) {
+    std::vector<Finding> findings;
+    for (std::size_t i = 0; i < read.Profiles().size(); ++i) {
+        if (const auto error = TerrixExchange::FindLayerDivisionError(read.Profiles()[i], read.lines[i]))
+            findings.push_back({error->line, true, error->text});
+        if (!strict) continue;
+        for (const auto& finding : TerrixExchange::FindUnsoundValues(read.Profiles()[i], read.lines[i])) {
+            const Finding found{finding.line, finding.severity == TerrixExchange::SoundnessFinding::Severity::Error,
+                                finding.text};
+            if (std::find(findings.begin(), findings.end(), found) == findings.end()) findings.push_back(found);
+        }
+    }
+    std::stable_sort(findings.begin(), findings.end());
+    return findings;
+}
 
 // "version 5, 1 profile, units kN m"; profiles of differing versions or
 // units list each value once, in file order: "versions 4, 5", "units kN m, N mm".
@@ -46,13 +76,14 @@ int RunCheck(const CheckOptions& options) {
         try {
             const FileProfiles read = ReadProfiles(file, units);
             // Divisions that the format allows but no profile can be split
-            // into are errors of the file, at their lines.
+            // into are errors of the file, at their lines; a file with an
+            // error is not OK, one with warnings only is.
             bool sound = true;
-            for (std::size_t i = 0; i < read.Profiles().size(); ++i)
-                if (const auto error = TerrixExchange::FindLayerDivisionError(read.Profiles()[i], read.lines[i])) {
-                    std::cout << file << ":" << error->line << ": error: " << error->text << std::endl;
-                    sound = false;
-                }
+            for (const Finding& finding : FindingsOf(read, options.strict)) {
+                std::cout << file << ":" << finding.line << (finding.isError ? ": error: " : ": warning: ")
+                          << finding.text << std::endl;
+                sound = sound && !finding.isError;
+            }
             if (sound) std::cout << file << ": OK " << Summary(read.Profiles()) << std::endl;
             else status = 1;
         } catch (const Failure& failure) {
@@ -71,6 +102,8 @@ void AddCheckCommand(CLI::App& app, CommandRun& run) {
     CLI::App* command = app.add_subcommand(
         "check", "Import each file; print FILE: OK, version, profiles, units");
     AddUnitsOption(*command, options->units);
+    command->add_flag("--strict", options->strict,
+                      "Also report what the format allows but no sound profile holds");
     command->add_option("FILE", options->files, "TERRIX files; - for standard input")->required();
     command->callback([&run, options] { run = [options] { return RunCheck(*options); }; });
 }

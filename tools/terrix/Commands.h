@@ -19,6 +19,8 @@ void AddCheckCommand(CLI::App& app, CommandRun& run);
 void AddShowCommand(CLI::App& app, CommandRun& run);
 void AddDumpCommand(CLI::App& app, CommandRun& run);
 void AddConvertCommand(CLI::App& app, CommandRun& run);
+void AddReportCommand(CLI::App& app, CommandRun& run);
+void AddDiffCommand(CLI::App& app, CommandRun& run);
 
 // Options that several commands share, with the same help text everywhere.
 void AddUnitsOption(CLI::App& command, std::vector<std::string>& units);

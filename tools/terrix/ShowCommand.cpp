@@ -16,6 +16,7 @@
 
 #include "Commands.h"
 #include "Profiles.h"
+#include "FileUnits.h"
 #include "QueriesJson.h"
 
 namespace TerrixTool {
@@ -33,102 +34,6 @@ struct ShowOptions {
 };
 
 const std::size_t lineWidth = 80;
-const double degreesPerRadian = 180.0 / 3.14159265358979323846;
-
-// A number for people: the shortest text that reads back as the same double
-// when it fits `width` characters, in plain decimals if they fit; else
-// rounded to at most six significant digits, as few as it takes to fit.
-// Table cells take 9 characters, so that a column of numbers stays narrow
-// whatever the file holds; other values take 12, room for six digits.
-std::string Compact(double value, std::size_t width) {
-    if (std::isnan(value)) return "NaN";
-    if (std::isinf(value)) return value > 0 ? "Inf" : "-Inf";
-    if (value == 0.0) return "0";  // also -0
-    char buffer[64];
-    for (const std::chars_format format : {std::chars_format::fixed, std::chars_format::general}) {
-        const auto result = std::to_chars(buffer, buffer + sizeof buffer, value, format);
-        if (result.ec == std::errc() && static_cast<std::size_t>(result.ptr - buffer) <= width)
-            return std::string(buffer, result.ptr);
-    }
-    std::string text;
-    for (int digits = 6; digits >= 1; --digits) {
-        std::snprintf(buffer, sizeof buffer, "%.*g", digits, value);
-        text = buffer;
-        if (text.size() <= width) break;
-    }
-    return text;
-}
-
-const std::size_t cellWidth = 9;
-const std::size_t valueWidth = 12;
-
-bool IsError(const Json& answer) { return answer.is_object() && answer.contains("error"); }
-
-bool IsFiniteNumber(const Json& value) { return value.is_number() && std::isfinite(value.get<double>()); }
-
-// A value of the dump that is not a finite number: "-" for an absent one,
-// NaN and the infinities as the dump spells them, a text as it stands, "yes"
-// or "no", and "" for a failed answer, whose error is shown apart.
-std::string Other(const Json& value) {
-    if (value.is_null()) return "-";
-    if (value.is_number()) return NonFiniteText(value.get<double>());
-    if (value.is_string()) return value.get<std::string>();
-    if (value.is_boolean()) return value.get<bool>() ? "yes" : "no";
-    return "";
-}
-
-std::string ErrorText(const Json& answer) { return "error: " + answer["error"].get<std::string>(); }
-
-// The units of the file a profile was read from, and its values in them.
-class FileUnits {
-public:
-    explicit FileUnits(const Terrix& profile)
-        : units_(profile.GetUnitSystem()), toFile_(Units::Runtime::GetDatabaseUnitSystem(), units_) {}
-
-    // "m", "kN", "kN/m2", "kN/m3": the unit of a dimension in these units.
-    std::string Name(DynamicDimension dimension) const {
-        std::string name;
-        if (dimension.force != 0) name = units_.GetForceUnitName() + Power(dimension.force);
-        if (dimension.length > 0)
-            name += (name.empty() ? "" : " ") + units_.GetLengthUnitName() + Power(dimension.length);
-        if (dimension.length < 0) name += "/" + units_.GetLengthUnitName() + Power(-dimension.length);
-        return name;
-    }
-
-    // A number of the profile (database units) as the file writes it.
-    std::string Number(double value, DynamicDimension dimension, std::size_t width = cellWidth) const {
-        return Compact(toFile_.Convert(value, dimension), width);
-    }
-    // A number of the dump so; "-" for an absent value, "" for a failed
-    // answer (whose error is told apart).
-    std::string Number(const Json& value, DynamicDimension dimension, std::size_t width = cellWidth) const {
-        return IsFiniteNumber(value) ? Number(value.get<double>(), dimension, width) : Other(value);
-    }
-
-    // An answer with its unit: "12 m", "-" when absent, the error in full.
-    std::string Value(const Json& answer, DynamicDimension dimension) const {
-        if (IsError(answer)) return ErrorText(answer);
-        const std::string number = Number(answer, dimension, valueWidth);
-        const std::string unit = Name(dimension);
-        return IsFiniteNumber(answer) && !unit.empty() ? number + " " + unit : number;
-    }
-
-private:
-    static std::string Power(int power) { return power == 1 ? "" : std::to_string(power); }
-
-    Units::Runtime::UnitSystem units_;
-    Units::Runtime::FastUnitConverter toFile_;
-};
-
-const DynamicDimension none{0, 0};
-const DynamicDimension length = Units::Runtime::LengthPhenomenon::dimension;
-const DynamicDimension stress = Units::Runtime::StressPhenomenon::dimension;
-const DynamicDimension unitWeight = Units::Runtime::ForcePerUnitVolumePhenomenon::dimension;
-
-// An angle of the dump (radians) in degrees.
-std::string Degrees(const Json& answer, std::size_t width = cellWidth) {
-    return IsFiniteNumber(answer) ? Compact(answer.get<double>() * degreesPerRadian, width) : Other(answer);
-}
 
 // Lines of output, each kept within 80 columns: a longer line is broken at
 // its last blank before column 80 and goes on below, indented by `indent`

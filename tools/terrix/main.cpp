@@ -31,6 +31,17 @@ check
   After the last profile a file may hold only empty lines, comment lines and
   the end line; any other text is an import error at its line.
 
+check --strict
+  Also reports what the format allows but no sound profile holds, each as
+  "FILE:LINE: error|warning: TEXT" at the line of its record: layer
+  divisions that run backwards, overlap or leave a gap; layer bottoms that
+  do not grow downwards; version 4 level rows out of depth order (warning:
+  lookups follow file order); pile diameters that do not increase; manual
+  curves whose displacements do not increase; layers that a curve query
+  finds no modification row for; counts that disagree with their tables;
+  values that are NaN or infinite. A file with an error exits 1 and is not
+  OK; one with warnings only is.
+
 show
   For each profile: its header, version, name and units; its profile-wide
   parameters; a table of its layers (the numbered layers they cover, levels,
@@ -65,6 +76,17 @@ convert
   standard error, and so is SU.Z=100 of version 4 (the strength at level 100
   in the length unit) when the length unit changes. Nothing is written when
   the input does not import.
+
+report
+  Writes one HTML page (FILE with .html, or -o OUT) that holds everything it
+  shows, without script or anything fetched: for each profile its header,
+  version, name, units and parameters; the soil column to scale (each layer
+  coloured by soil type, the seafloor and the scour levels); unit weight,
+  undrained shear strength, friction angle, skin friction and tip
+  resistance against depth; the manual curves of each layer, one line per
+  pile diameter, with their modification factors; and a table of every
+  layer's answers. Values are in the units of the file; a query that fails
+  shows its message in its place. It prints on A4.
 
 --profile NAME picks the first profile of that name, #INDEX the profile at
 that place, counted from #0. --no-split (show, dump) gives the layers as
@@ -104,7 +126,7 @@ public:
 }  // namespace
 
 int main(int argc, char** argv) {
-    CLI::App app("terrix: check, show, dump and convert TERRIX soil-data input files", "terrix");
+    CLI::App app("terrix: check, show, dump, convert, report and diff TERRIX soil-data input files", "terrix");
     auto formatter = std::make_shared<Formatter>();
     // Narrow option columns keep every line of the help within 80 columns.
     formatter->column_width(22);
@@ -117,6 +139,8 @@ int main(int argc, char** argv) {
     TerrixTool::AddShowCommand(app, run);
     TerrixTool::AddDumpCommand(app, run);
     TerrixTool::AddConvertCommand(app, run);
+    TerrixTool::AddReportCommand(app, run);
+    TerrixTool::AddDiffCommand(app, run);
 
     try {
         app.parse(argc, argv);

@@ -1,0 +1,45 @@
+#pragma once
+
+// What the file format allows but no sound soil profile holds: a profile
+// that imports may still hold layers that run upwards, a numbering with
+// gaps, curves whose displacements go back, or a modification section that
+// leaves a layer without factors, so that a generator run on it fails or,
+// worse, answers something else than the engineer meant. Each finding names
+// the line of the record it comes from, so that it can be fixed there.
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include <TerrixExchange/archive/SourceLines.h>
+#include <TerrixExchange/document/Terrix.h>
+
+namespace TerrixExchange {
+
+struct SoundnessFinding {
+    // An error makes the profile mean nothing sound or makes a query fail;
+    // a warning is legal and answered, but likely not what was meant.
+    enum class Severity { Error, Warning };
+
+    std::uint64_t line;  // of the record, parameter or section; 0 when not read
+    Severity severity;
+    std::string text;
+};
+
+// Every finding of the profile, in the order of the file's sections:
+// - counts of the control section that disagree with their tables
+//   (FindInconsistencies);
+// - version 4 layer divisions that run backwards, overlap or leave a gap in
+//   the numbering of the layers;
+// - layer bottoms (ZBOTM) that do not grow downwards from the soil surface;
+// - version 4 level rows of the skin friction table out of depth order
+//   (warning: lookups then follow file order);
+// - pile diameters that do not increase;
+// - manual curves whose displacements do not increase;
+// - layers for which a curve query fails because no modification row
+//   covers them at every pile diameter;
+// - values that are NaN or infinite.
+// `lines` are the profile's source lines as the import noted them.
+std::vector<SoundnessFinding> FindUnsoundValues(const Terrix& profile, const SourceLines& lines);
+
+}  // namespace TerrixExchange

@@ -1,0 +1,50 @@
+// terrix check --strict, checked against cases kept as data: every
+// tests/cases/strict/NAME.terrix imports, and NAME.findings is what
+// `terrix check --strict NAME.terrix` prints for it, the file's name written
+// FILE. Each case holds one kind of finding, at the line it must name. The
+// exit status is 1 when a finding is an error, else 0. A new case is two
+// files.
+
+#include <algorithm>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "ToolTestSupport.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using TerrixToolTesting::ReadFile;
+using TerrixToolTesting::ToolRun;
+
+using StrictCasesTest = TerrixToolTesting::ToolTest;
+
+std::string WithFileNamed(std::string text, const std::string& file) {
+    for (std::size_t at = text.find(file); at != std::string::npos; at = text.find(file, at + 4))
+        text.replace(at, file.size(), "FILE");
+    return text;
+}
+
+}  // namespace
+
+TEST_F(StrictCasesTest, EachFileHasTheFindingsItsCaseSays) {
+    std::vector<fs::path> cases;
+    for (const auto& entry : fs::directory_iterator(fs::path(TERRIX_TEST_CASES_DIR) / "strict"))
+        if (entry.path().extension() == ".terrix") cases.push_back(entry.path());
+    std::sort(cases.begin(), cases.end());
+    ASSERT_GE(cases.size(), 10u);
+    for (const fs::path& file : cases) {
+        SCOPED_TRACE(file.filename().string());
+        const std::string expected = ReadFile(fs::path(file).replace_extension(".findings"));
+        const ToolRun run = Run({"check", "--strict", file.string()});
+        EXPECT_EQ(run.err, "");
+        EXPECT_EQ(WithFileNamed(run.out, file.string()), expected);
+        EXPECT_EQ(run.status, expected.find(": error: ") != std::string::npos ? 1 : 0);
+        // Without --strict the file is OK, unless its divisions cannot be split.
+        const ToolRun plain = Run({"check", file.string()});
+        EXPECT_EQ(plain.status, expected.find("runs backwards") != std::string::npos ? 1 : 0) << plain.out;
+    }
+}

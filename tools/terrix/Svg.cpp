@@ -1,0 +1,247 @@
+#include "Svg.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+#include <limits>
+
+#include "FileUnits.h"
+
+namespace TerrixTool {
+namespace Svg {
+
+namespace {
+
+// Room around the plotting area: tick values on the left, the title and a
+// depth chart's horizontal axis on top, the legend below.
+const int marginLeft = 52;
+const int marginRight = 20;
+const int marginTop = 52;
+const int marginBottom = 14;
+const int legendRowHeight = 16;
+
+// A coordinate, to a tenth of a pixel.
+std::string Number(double value) {
+    char buffer[32];
+    const auto end = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, 1).ptr;
+    return std::string(buffer, end);
+}
+
+// A range of no width (one value) is widened so that it can be drawn.
+std::pair<double, double> Widened(double low, double high) {
+    if (!(low <= high)) return {0.0, 1.0};  // no finite data
+    if (low == high) {
+        const double margin = low == 0.0 ? 1.0 : std::fabs(low) * 0.1;
+        return {low - margin, high + margin};
+    }
+    return {low, high};
+}
+
+void Extend(double value, double& low, double& high) {
+    if (!std::isfinite(value)) return;
+    low = std::min(low, value);
+    high = std::max(high, value);
+}
+
+}  // namespace
+
+std::string Escaped(const std::string& text) {
+    std::string escaped;
+    escaped.reserve(text.size());
+    for (const char c : text) {
+        switch (c) {
+            case '&': escaped += "&amp;"; break;
+            case '<': escaped += "&lt;"; break;
+            case '>': escaped += "&gt;"; break;
+            case '"': escaped += "&quot;"; break;
+            default: escaped += c;
+        }
+    }
+    return escaped;
+}
+
+std::vector<double> Ticks(double low, double high, int count) {
+    const double span = high - low;
+    if (!(span > 0) || !std::isfinite(span)) return {low};
+    const double rough = span / std::max(count, 1);
+    const double power = std::pow(10.0, std::floor(std::log10(rough)));
+    double step = power;
+    for (const double factor : {1.0, 2.0, 5.0, 10.0})
+        if (factor * power >= rough) {
+            step = factor * power;
+            break;
+        }
+    std::vector<double> ticks;
+    const double first = std::floor(low / step + 1e-9);
+    const double last = std::ceil(high / step - 1e-9);
+    for (double k = first; k <= last && ticks.size() < 50; k += 1.0) {
+        const double value = k * step;
+        ticks.push_back(std::fabs(value) < step * 1e-9 ? 0.0 : value);
+    }
+    return ticks;
+}
+
+std::string TickText(double value) {
+    // Six significant digits take away the noise of k * step.
+    char buffer[32];
+    std::snprintf(buffer, sizeof buffer, "%.6g", value);
+    return Compact(std::strtod(buffer, nullptr), 8);
+}
+
+const char* SeriesColour(std::size_t index) {
+    static const char* const colours[] = {"#1f5fa8", "#c0392b", "#2e8b57", "#8e44ad", "#d68910", "#17808a"};
+    return colours[index % (sizeof colours / sizeof colours[0])];
+}
+
+Chart::Chart(std::string title, std::string xAxis, std::string yAxis, bool depthDown, int width, int height)
+    : title_(std::move(title)),
+      xAxis_(std::move(xAxis)),
+      yAxis_(std::move(yAxis)),
+      depthDown_(depthDown),
+      width_(width),
+      height_(height) {}
+
+void Chart::SetXRange(double low, double high) {
+    hasXRange_ = true;
+    xLow_ = low;
+    xHigh_ = high;
+}
+
+void Chart::SetYRange(double low, double high) {
+    hasYRange_ = true;
+    yLow_ = low;
+    yHigh_ = high;
+}
+
+std::pair<double, double> Chart::XData() const {
+    if (hasXRange_) return Widened(xLow_, xHigh_);
+    double low = std::numeric_limits<double>::infinity(), high = -low;
+    for (const Line& line : lines_)
+        for (const Point& point : line.points) Extend(point.x, low, high);
+    return Widened(low, high);
+}
+
+std::pair<double, double> Chart::YData() const {
+    if (hasYRange_) return Widened(yLow_, yHigh_);
+    double low = std::numeric_limits<double>::infinity(), high = -low;
+    for (const Line& line : lines_)
+        for (const Point& point : line.points) Extend(point.y, low, high);
+    for (const Band& band : bands_) {
+        Extend(band.y0, low, high);
+        Extend(band.y1, low, high);
+    }
+    return Widened(low, high);
+}
+
+std::string Chart::Render(const std::string& cssClass) const {
+    std::size_t labelled = 0;
+    for (const Line& line : lines_) labelled += line.label.empty() ? 0 : 1;
+    const int legendHeight = static_cast<int>(labelled) * legendRowHeight;
+    const int height = height_ + legendHeight;
+    const double left = marginLeft, right = width_ - marginRight;
+    // A depth chart has its horizontal axis on top, any other chart below.
+    const double top = depthDown_ ? marginTop : 24, bottom = height_ - (depthDown_ ? marginBottom : 36);
+
+    // The axes run from tick to tick, so that both ends carry a value.
+    auto [xLow, xHigh] = XData();
+    auto [yLow, yHigh] = YData();
+    const std::vector<double> xTicks = showXAxis_ ? Ticks(xLow, xHigh, 4) : std::vector<double>{};
+    if (xTicks.size() > 1) xLow = xTicks.front(), xHigh = xTicks.back();
+    const std::vector<double> yTicks = Ticks(yLow, yHigh, 8);
+    if (yTicks.size() > 1 && !hasYRange_) yLow = yTicks.front(), yHigh = yTicks.back();
+    auto X = [&](double x) { return left + (x - xLow) / (xHigh - xLow) * (right - left); };
+    auto Y = [&](double y) {
+        const double share = (y - yLow) / (yHigh - yLow);
+        return depthDown_ ? top + share * (bottom - top) : bottom - share * (bottom - top);
+    };
+    auto clampY = [&](double y) { return std::min(std::max(Y(y), top), bottom); };
+
+    std::string svg = "<svg class=\"plot " + cssClass + "\" xmlns=\"http://www.w3.org/2000/svg\" width=\"" +
+                      std::to_string(width_) + "\" height=\"" + std::to_string(height) + "\" viewBox=\"0 0 " +
+                      std::to_string(width_) + " " + std::to_string(height) + "\" role=\"img\">";
+    svg += "<title>" + Escaped(title_) + "</title>";
+    svg += "<text class=\"title\" x=\"" + Number(width_ / 2.0) + "\" y=\"14\" text-anchor=\"middle\">" +
+           Escaped(title_) + "</text>";
+
+    for (const Band& band : bands_) {
+        const double y0 = clampY(band.y0), y1 = clampY(band.y1);
+        svg += "<rect x=\"" + Number(left) + "\" y=\"" + Number(std::min(y0, y1)) + "\" width=\"" +
+               Number(right - left) + "\" height=\"" + Number(std::fabs(y1 - y0)) + "\" fill=\"" + band.colour +
+               "\" stroke=\"#555\" stroke-width=\"0.5\"/>";
+        if (std::fabs(y1 - y0) >= 11)
+            svg += "<text class=\"band\" x=\"" + Number((left + right) / 2) + "\" y=\"" + Number((y0 + y1) / 2 + 4) +
+                   "\" text-anchor=\"middle\">" + Escaped(band.label) + "</text>";
+    }
+
+    // Grid and tick values.
+    svg += "<g class=\"axis\">";
+    for (const double tick : yTicks) {
+        if (tick < std::min(yLow, yHigh) || tick > std::max(yLow, yHigh)) continue;
+        const std::string y = Number(Y(tick));
+        svg += "<line class=\"grid\" x1=\"" + Number(left) + "\" x2=\"" + Number(right) + "\" y1=\"" + y +
+               "\" y2=\"" + y + "\"/>";
+        svg += "<text x=\"" + Number(left - 4) + "\" y=\"" + Number(Y(tick) + 4) + "\" text-anchor=\"end\">" +
+               TickText(tick) + "</text>";
+    }
+    const double xAxisY = depthDown_ ? top : bottom;
+    const double tickTextY = depthDown_ ? top - 5 : bottom + 13;
+    for (const double tick : xTicks) {
+        const std::string x = Number(X(tick));
+        svg += "<line class=\"grid\" x1=\"" + x + "\" x2=\"" + x + "\" y1=\"" + Number(top) + "\" y2=\"" +
+               Number(bottom) + "\"/>";
+        svg += "<text x=\"" + x + "\" y=\"" + Number(tickTextY) + "\" text-anchor=\"middle\">" + TickText(tick) +
+               "</text>";
+    }
+    svg += "<rect class=\"frame\" x=\"" + Number(left) + "\" y=\"" + Number(top) + "\" width=\"" +
+           Number(right - left) + "\" height=\"" + Number(bottom - top) + "\"/>";
+    if (showXAxis_)
+        svg += "<text class=\"unit\" x=\"" + Number((left + right) / 2) + "\" y=\"" +
+               Number(depthDown_ ? 30 : xAxisY + 26) + "\" text-anchor=\"middle\">" + Escaped(xAxis_) + "</text>";
+    svg += "<text class=\"unit\" transform=\"translate(12 " + Number((top + bottom) / 2) +
+           ") rotate(-90)\" text-anchor=\"middle\">" + Escaped(yAxis_) + "</text>";
+    svg += "</g>";
+
+    for (const Level& level : levels_) {
+        if (!std::isfinite(level.y)) continue;
+        const std::string y = Number(clampY(level.y));
+        svg += "<line x1=\"" + Number(left) + "\" x2=\"" + Number(right) + "\" y1=\"" + y + "\" y2=\"" + y +
+               "\" stroke=\"" + level.colour + "\" stroke-width=\"2\" stroke-dasharray=\"6 3\"/>";
+        svg += "<text class=\"level\" x=\"" + Number(right - 2) + "\" y=\"" + Number(clampY(level.y) - 3) +
+               "\" text-anchor=\"end\" fill=\"" + level.colour + "\">" + Escaped(level.label) + "</text>";
+    }
+
+    // The lines, clipped to the plotting area.
+    for (const Line& line : lines_) {
+        std::string points;
+        auto flush = [&] {
+            if (!points.empty())
+                svg += "<polyline fill=\"none\" stroke=\"" + line.colour + "\" stroke-width=\"1.5\" points=\"" +
+                       points + "\"/>";
+            points.clear();
+        };
+        for (const Point& point : line.points) {
+            if (!std::isfinite(point.x) || !std::isfinite(point.y)) {
+                flush();
+                continue;
+            }
+            points += (points.empty() ? "" : " ") + Number(X(point.x)) + "," + Number(clampY(point.y));
+        }
+        flush();
+    }
+
+    // The legend, one line per labelled line, under the chart.
+    double legendY = height_ + 2;
+    for (const Line& line : lines_) {
+        if (line.label.empty()) continue;
+        svg += "<line x1=\"" + Number(left) + "\" x2=\"" + Number(left + 18) + "\" y1=\"" + Number(legendY + 4) +
+               "\" y2=\"" + Number(legendY + 4) + "\" stroke=\"" + line.colour + "\" stroke-width=\"2\"/>";
+        svg += "<text class=\"legend\" x=\"" + Number(left + 24) + "\" y=\"" + Number(legendY + 8) + "\">" +
+               Escaped(line.label) + "</text>";
+        legendY += legendRowHeight;
+    }
+    return svg + "</svg>";
+}
+
+}  // namespace Svg
+}  // namespace TerrixTool
