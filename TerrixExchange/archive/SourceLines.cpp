@@ -2,31 +2,32 @@
 
 namespace TerrixExchange {
 
-namespace {
-
-template <class Map, class Key>
-std::uint64_t LineOf(const Map& lines, const Key& key) {
-    const auto found = lines.find(key);
-    return found == lines.end() ? 0 : found->second;
+const SourceLines::Section* SourceLines::Find(const std::string& title) const {
+    const auto found = sections_.find(title);
+    return found == sections_.end() ? nullptr : &found->second;
 }
 
-}  // namespace
-
-std::uint64_t SourceLines::GetSectionLine(const std::string& title) const { return LineOf(sections_, title); }
+std::uint64_t SourceLines::GetSectionLine(const std::string& title) const {
+    const Section* section = Find(title);
+    return section ? section->title : 0;
+}
 
 std::uint64_t SourceLines::GetParameterLine(const std::string& title, const std::string& name) const {
-    return LineOf(parameters_, std::make_pair(title, name));
+    const Section* section = Find(title);
+    if (!section) return 0;
+    const auto found = section->parameters.find(name);
+    return found == section->parameters.end() ? 0 : found->second;
 }
 
 std::uint64_t SourceLines::GetRowLine(const std::string& title, std::size_t row) const {
-    const auto table = rows_.find(title);
-    return table == rows_.end() || row >= table->second.size() ? 0 : table->second[row];
+    const Section* section = Find(title);
+    return section && row < section->rows.size() ? section->rows[row] : 0;
 }
 
 void SourceLines::SetRowLine(const std::string& title, std::size_t row, std::uint64_t line) {
-    std::vector<std::uint64_t>& lines = rows_[title];
-    if (row >= lines.size()) lines.resize(row + 1, 0);
-    lines[row] = line;
+    std::vector<std::uint64_t>& rows = sections_[title].rows;
+    if (row >= rows.size()) rows.resize(row + 1, 0);
+    rows[row] = line;
 }
 
 }  // namespace TerrixExchange

@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <map>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include <TerrixPlatform/AllocationCallbacks/AllocationCallbacks.h>
@@ -27,18 +26,24 @@ public:
 
     // What the importer notes as it reads; a section read again (after a
     // failed attempt at another layout) notes its lines again.
-    void SetSectionLine(const std::string& title, std::uint64_t line) { sections_[title] = line; }
+    void SetSectionLine(const std::string& title, std::uint64_t line) { sections_[title].title = line; }
     void SetParameterLine(const std::string& title, const std::string& name, std::uint64_t line) {
-        parameters_[{title, name}] = line;
+        sections_[title].parameters[name] = line;
     }
     void SetRowLine(const std::string& title, std::size_t row, std::uint64_t line);
 
 private:
-    std::map<std::string, std::uint64_t> sections_;
-    std::map<std::pair<std::string, std::string>, std::uint64_t> parameters_;
-    // The rows of each table in order: a line number per row, for tables of
-    // many thousands of rows.
-    std::map<std::string, std::vector<std::uint64_t>> rows_;
+    // The lines of one section, kept under its title once: a stream of a
+    // thousand profiles notes some hundred thousand lines.
+    struct Section {
+        std::uint64_t title = 0;
+        std::map<std::string, std::uint64_t> parameters;
+        // A line number per row, in the order of the table.
+        std::vector<std::uint64_t> rows;
+    };
+    const Section* Find(const std::string& title) const;
+
+    std::map<std::string, Section> sections_;
 };
 
 }  // namespace TerrixExchange
