@@ -6,14 +6,20 @@ BUILD (a Release build with the benchmarks and the Python module) writes the
 benchmark files and times the C++ import of the stream of 1,000 profiles
 (terrix_python_benchmark_files); this script then times, best of five,
 reading the same stream into Profile objects from its file and from bytes,
-writing it back, and the layers_frame() of a profile of 2,000 layers.
+writing it back, and the layers_frame() of a profile of 2,000 layers. Beside
+them, per byte, pandas' read_csv of the stream's tables alone (every line
+that starts with a number), as a reader that checks nothing would take them.
 """
 
+import io
+import re
 import subprocess
 import sys
 import tempfile
 import time
 from pathlib import Path
+
+import pandas
 
 import terrix
 
@@ -42,6 +48,17 @@ def main(build):
         print(f"python_read_ms {read_ms:.1f}")
         print(f"python_loads_ms {best_milliseconds(lambda: terrix.loads(data)):.1f}")
         print(f"read_over_cpp_import {read_ms / cpp_ms:.2f}")
+
+        number = re.compile(rb"^\s*[-+]?(\d|\.\d)")
+        rows = [line for line in data.split(b"\n") if number.match(line)]
+        tables = b"\n".join(rows)
+        columns = range(max(len(row.split()) for row in rows))
+        pandas_ms = best_milliseconds(
+            lambda: pandas.read_csv(io.BytesIO(tables), sep=r"\s+", header=None, names=columns, engine="c"))
+        print(f"pandas_tables_MB {len(tables) / 1e6:.1f}")
+        print(f"pandas_read_csv_ms {pandas_ms:.1f}")
+        print(f"loads_MB_per_s {len(data) / 1e3 / best_milliseconds(lambda: terrix.loads(data)):.1f}")
+        print(f"pandas_MB_per_s {len(tables) / 1e3 / pandas_ms:.1f}")
         print(f"python_dumps_ms {best_milliseconds(lambda: terrix.dumps(profiles)):.1f}")
 
         profile, = terrix.read(Path(directory) / "layers-2000.terrix")
