@@ -16,7 +16,8 @@ namespace {
 // Room around the plotting area: tick values on the left, the title and a
 // depth chart's horizontal axis on top, the legend below.
 const int marginLeft = 52;
-const int marginRight = 20;
+// Room on the right for half of the last tick value ("15000").
+const int marginRight = 26;
 const int marginTop = 52;
 const int marginBottom = 14;
 const int legendRowHeight = 16;
@@ -196,7 +197,9 @@ std::string Chart::Render(const std::string& cssClass) const {
     svg += "<rect class=\"frame\" x=\"" + Number(left) + "\" y=\"" + Number(top) + "\" width=\"" +
            Number(right - left) + "\" height=\"" + Number(bottom - top) + "\"/>";
     if (showXAxis_)
-        svg += "<text class=\"unit\" x=\"" + Number((left + right) / 2) + "\" y=\"" +
+        // Centred on the whole chart: a long axis title may be wider than
+        // the plotting area.
+        svg += "<text class=\"unit\" x=\"" + Number(width_ / 2.0) + "\" y=\"" +
                Number(depthDown_ ? 30 : xAxisY + 26) + "\" text-anchor=\"middle\">" + Escaped(xAxis_) + "</text>";
     svg += "<text class=\"unit\" transform=\"translate(12 " + Number((top + bottom) / 2) +
            ") rotate(-90)\" text-anchor=\"middle\">" + Escaped(yAxis_) + "</text>";
