@@ -46,21 +46,40 @@ void Normalize(Decimal& decimal) {
     decimal.digits.erase(last + 1);
 }
 
-Decimal ShortestDecimal(double value, int precision = -1) {
-    char buffer[128];
-    const std::to_chars_result result =
-        precision < 0 ? std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::scientific)
-                      : std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::scientific, precision);
-    const std::string text(buffer, result.ptr);
-    Decimal decimal;
-    std::size_t i = 0;
-    if (text[i] == '-') {
-        decimal.negative = true;
-        ++i;
+// A value as to_chars writes it in scientific form, the shortest that reads
+// back or with `precision` digits after the point: its sign, its digits
+// without the point, and the exponent of the first digit.
+struct Scientific {
+    bool negative = false;
+    char digits[64];
+    long count = 0;
+    long exponent = 0;
+};
+
+Scientific ScientificOf(double value, int precision = -1) {
+    char text[128];
+    const char* end =
+        (precision < 0 ? std::to_chars(text, text + sizeof text, value, std::chars_format::scientific)
+                       : std::to_chars(text, text + sizeof text, value, std::chars_format::scientific, precision))
+            .ptr;
+    Scientific scientific;
+    const char* at = text;
+    if (*at == '-') {
+        scientific.negative = true;
+        ++at;
     }
-    for (; i < text.size() && text[i] != 'e'; ++i)
-        if (text[i] != '.') decimal.digits += text[i];
-    decimal.exponent = std::atol(text.c_str() + i + 1);
+    for (; at != end && *at != 'e'; ++at)
+        if (*at != '.') scientific.digits[scientific.count++] = *at;
+    std::from_chars(at + 1 + (at[1] == '+'), end, scientific.exponent);
+    return scientific;
+}
+
+Decimal ShortestDecimal(double value, int precision = -1) {
+    const Scientific scientific = ScientificOf(value, precision);
+    Decimal decimal;
+    decimal.negative = scientific.negative;
+    decimal.digits.assign(scientific.digits, static_cast<std::size_t>(scientific.count));
+    decimal.exponent = scientific.exponent;
     Normalize(decimal);
     return decimal;
 }
@@ -102,43 +121,72 @@ bool ToDecimal(const char* first, const char* last, Decimal& decimal) {
     return true;
 }
 
-// The usual number of a file (a few digits, a short exponent) in a unit that
-// is a power of ten: the written digits with the exponent moved by the unit's
-// power go straight to from_chars, which rounds correctly, so the double is
-// the one the exact way gives. False, with nothing decided, for any other
-// token, and for a result out of range, which the exact way settles.
-bool ParseShortDecimal(const char* first, const char* last, int shift, double& value) {
-    char text[64];
-    std::size_t length = 0;
-    const char* at = first;
-    if (at != last && (*at == '+' || *at == '-')) {
-        if (*at == '-') text[length++] = '-';
-        ++at;
-    }
-    bool hasDigit = false;
-    bool hasPoint = false;
-    for (; at != last && length < 40; ++at) {
-        if (*at >= '0' && *at <= '9') hasDigit = true;
-        else if (*at == '.' && !hasPoint) hasPoint = true;
-        else break;
-        text[length++] = *at;
-    }
-    if (!hasDigit || length >= 40) return false;
+// A number as files write it, of a few significant digits: M x 10^E with M
+// below 10^19.
+struct ShortDecimal {
+    bool negative = false;
+    std::uint64_t mantissa = 0;
     long exponent = 0;
+};
+
+// The number token as a short decimal; false for a token of more than 19
+// significant digits, an exponent of more than four digits or no digits,
+// which the exact way of digit strings reads (and bounds).
+bool ToShortDecimal(const char* at, const char* last, ShortDecimal& decimal) {
+    decimal = ShortDecimal{};
+    if (at != last && (*at == '+' || *at == '-')) decimal.negative = *at++ == '-';
+    int significant = 0;
+    bool hasDigit = false;
+    bool afterPoint = false;
+    for (; at != last; ++at) {
+        if (*at == '.' && !afterPoint) {
+            afterPoint = true;
+            continue;
+        }
+        if (*at < '0' || *at > '9') break;
+        hasDigit = true;
+        if (afterPoint) --decimal.exponent;
+        if (decimal.mantissa == 0 && *at == '0') continue;
+        if (++significant > 19) return false;
+        decimal.mantissa = decimal.mantissa * 10 + static_cast<std::uint64_t>(*at - '0');
+    }
+    if (!hasDigit) return false;
     if (at != last) {
         if (*at != 'e' && *at != 'E' && *at != 'd' && *at != 'D') return false;
         const char* digits = at + 1;
         if (digits != last && *digits == '+') ++digits;
-        // Exponents of up to four digits: a longer one is left to the exact
-        // way, which bounds it.
         if (digits == last || last - digits > 5) return false;
-        const std::from_chars_result parsed = std::from_chars(digits, last, exponent);
-        if (parsed.ec != std::errc() || parsed.ptr != last || exponent > 9999 || exponent < -9999) return false;
+        long written = 0;
+        const std::from_chars_result parsed = std::from_chars(digits, last, written);
+        if (parsed.ec != std::errc() || parsed.ptr != last || written > 9999 || written < -9999) return false;
+        decimal.exponent += written;
     }
-    text[length++] = 'e';
-    const std::to_chars_result written = std::to_chars(text + length, text + sizeof text, exponent + shift);
-    const std::from_chars_result parsed = std::from_chars(text, written.ptr, value);
-    return parsed.ec == std::errc() && parsed.ptr == written.ptr;
+    return true;
+}
+
+// M x 10^(E + shift) rounded once, by from_chars; false, with nothing
+// decided, for a result out of range, which the exact way settles.
+bool NearestDouble(const ShortDecimal& decimal, int shift, double& value) {
+    if (decimal.mantissa == 0) {
+        value = decimal.negative ? -0.0 : 0.0;
+        return true;
+    }
+    char text[48];
+    char* at = text;
+    if (decimal.negative) *at++ = '-';
+    at = std::to_chars(at, text + sizeof text, decimal.mantissa).ptr;
+    *at++ = 'e';
+    at = std::to_chars(at, text + sizeof text, decimal.exponent + shift).ptr;
+    const std::from_chars_result parsed = std::from_chars(text, at, value);
+    return parsed.ec == std::errc() && parsed.ptr == at;
+}
+
+// The usual number of a file in a unit that is a power of ten: the written
+// digits with the exponent moved by the unit's power, rounded once by
+// from_chars, the double the exact way gives.
+bool ParseShortDecimal(const char* first, const char* last, int shift, double& value) {
+    ShortDecimal decimal;
+    return ToShortDecimal(first, last, decimal) && NearestDouble(decimal, shift, value);
 }
 
 // The double nearest to the decimal (correctly rounded by from_chars).
@@ -506,53 +554,15 @@ int CompareScaled(FixedNatural a, int aExponent, FixedNatural b, int bExponent, 
     return Compare(a, b);
 }
 
-// The number token as M x 10^E; false for a token of more than 19
-// significant digits, an exponent of more than four digits or no digits.
-bool ToShortDecimal(const char* at, const char* last, bool& negative, std::uint64_t& mantissa, long& exponent) {
-    negative = false;
-    if (at != last && (*at == '+' || *at == '-')) negative = *at++ == '-';
-    mantissa = 0;
-    exponent = 0;
-    int significant = 0;
-    bool hasDigit = false;
-    bool afterPoint = false;
-    for (; at != last; ++at) {
-        if (*at == '.' && !afterPoint) {
-            afterPoint = true;
-            continue;
-        }
-        if (*at < '0' || *at > '9') break;
-        hasDigit = true;
-        if (mantissa == 0 && *at == '0') {
-            if (afterPoint) --exponent;
-            continue;
-        }
-        if (++significant > 19) return false;
-        mantissa = mantissa * 10 + static_cast<std::uint64_t>(*at - '0');
-        if (afterPoint) --exponent;
-    }
-    if (!hasDigit) return false;
-    if (at != last) {
-        if (*at != 'e' && *at != 'E' && *at != 'd' && *at != 'D') return false;
-        const char* digits = at + 1;
-        if (digits != last && *digits == '+') ++digits;
-        if (digits == last || last - digits > 5) return false;
-        long written = 0;
-        const std::from_chars_result parsed = std::from_chars(digits, last, written);
-        if (parsed.ec != std::errc() || parsed.ptr != last || written > 9999 || written < -9999) return false;
-        exponent += written;
-    }
-    return true;
-}
-
 // M x 10^E x numerator / denominator, rounded once to the nearest double, for
 // a short token whose result is a normal double well inside the range; false,
 // with nothing decided, for anything else.
 bool ParseShortInRatio(const char* first, const char* last, const UnitScale& scale, double& value) {
-    bool negative = false;
-    std::uint64_t mantissa = 0;
-    long exponent = 0;
-    if (!ToShortDecimal(first, last, negative, mantissa, exponent)) return false;
+    ShortDecimal decimal;
+    if (!ToShortDecimal(first, last, decimal)) return false;
+    const bool negative = decimal.negative;
+    const std::uint64_t mantissa = decimal.mantissa;
+    const long exponent = decimal.exponent;
     if (mantissa == 0) {
         value = negative ? -0.0 : 0.0;
         return true;
@@ -561,7 +571,7 @@ bool ParseShortInRatio(const char* first, const char* last, const UnitScale& sca
     // guess within a few doubles of the result, which is walked to at most
     // eight steps (anything else is left to the way of digit strings).
     double written = 0.0;
-    if (exponent > 300 || exponent < -300 || !ParseShortDecimal(first, last, 0, written)) return false;
+    if (exponent > 300 || exponent < -300 || !NearestDouble(decimal, 0, written)) return false;
     const double guess = written * scale.factor;
     if (!(std::fabs(guess) > 1e-290 && std::fabs(guess) < 1e290)) return false;
     // M x numerator x 10^E against point x denominator: the powers of five of
@@ -648,26 +658,29 @@ Decimal ShortestWritten(double value, const UnitScale& scale) {
 // Plain decimals: "100.0", "12.5", "0.25". `compact` leaves out a zero that
 // only marks the place of the point: "100.", ".25". The text is built in one
 // string, as a number is written for every value of a file.
-std::string Plain(const Decimal& decimal, bool compact = false) {
-    const long count = static_cast<long>(decimal.digits.size());
-    const long e = decimal.exponent;
+std::string PlainText(bool negative, const char* digits, long count, long e, bool compact) {
     std::string text;
     text.reserve(static_cast<std::size_t>(count + std::labs(e) + 4));
-    if (decimal.negative) text += '-';
+    if (negative) text += '-';
     if (e >= count - 1) {
-        text += decimal.digits;
+        text.append(digits, static_cast<std::size_t>(count));
         text.append(static_cast<std::size_t>(e - (count - 1)), '0');
         text += compact ? "." : ".0";
     } else if (e >= 0) {
-        text.append(decimal.digits, 0, static_cast<std::size_t>(e) + 1);
+        text.append(digits, static_cast<std::size_t>(e) + 1);
         text += '.';
-        text.append(decimal.digits, static_cast<std::size_t>(e) + 1, std::string::npos);
+        text.append(digits + e + 1, static_cast<std::size_t>(count - e - 1));
     } else {
         text += compact ? "." : "0.";
         text.append(static_cast<std::size_t>(-e - 1), '0');
-        text += decimal.digits;
+        text.append(digits, static_cast<std::size_t>(count));
     }
     return text;
+}
+
+std::string Plain(const Decimal& decimal, bool compact = false) {
+    return PlainText(decimal.negative, decimal.digits.data(), static_cast<long>(decimal.digits.size()),
+                     decimal.exponent, compact);
 }
 
 // Exponent form with the point after `before` digits (0: in front of them;
@@ -696,7 +709,7 @@ std::string Exponential(const Decimal& decimal, std::size_t before, bool padded)
 
 // Plain decimals only for exponents that keep them short; far beyond a
 // column either way.
-bool HasPlainForm(const Decimal& decimal) { return std::labs(decimal.exponent) < 40; }
+bool HasPlainForm(long exponent) { return std::labs(exponent) < 40; }
 
 // The shortest exponent form over every place of the point (moving the point
 // can save an exponent digit: "12.3e9" rather than "1.23e10"); the first of
@@ -721,42 +734,12 @@ std::string FormatReal(double value, int fieldWidth, const UnitRatio& unitSize) 
 // std::to_chars gives, without building the decimal. False when it does not
 // fit or has no plain form, for the general way to decide.
 bool FitPlainText(double value, int powerOfTen, std::size_t width, std::string& text) {
-    char shortest[32];
-    const char* end = std::to_chars(shortest, shortest + sizeof shortest, value, std::chars_format::scientific).ptr;
-    const char* at = shortest;
-    const bool negative = *at == '-';
-    if (negative) ++at;
-    char digits[20];
-    long count = 0;
-    for (; at != end && *at != 'e'; ++at)
-        if (*at != '.') digits[count++] = *at;
-    long exponent = 0;
-    std::from_chars(at + 1 + (at[1] == '+'), end, exponent);
-    if (count == 1 && digits[0] == '0') exponent = 0;
-    else exponent -= powerOfTen;
-    if (std::labs(exponent) >= 40) return false;
-    // sign, digits, zeros before or after them, the point and a zero
-    const std::size_t length = (negative ? 1 : 0) + static_cast<std::size_t>(count) +
-                               static_cast<std::size_t>(exponent >= count - 1 ? exponent - (count - 1) + 2
-                                                        : exponent >= 0          ? 1
-                                                                                 : 1 - exponent);
-    if (length > width) return false;
-    text.clear();
-    if (negative) text += '-';
-    if (exponent >= count - 1) {
-        text.append(digits, static_cast<std::size_t>(count));
-        text.append(static_cast<std::size_t>(exponent - (count - 1)), '0');
-        text += ".0";
-    } else if (exponent >= 0) {
-        text.append(digits, static_cast<std::size_t>(exponent) + 1);
-        text += '.';
-        text.append(digits + exponent + 1, static_cast<std::size_t>(count - exponent - 1));
-    } else {
-        text += "0.";
-        text.append(static_cast<std::size_t>(-exponent - 1), '0');
-        text.append(digits, static_cast<std::size_t>(count));
-    }
-    return true;
+    const Scientific shortest = ScientificOf(value);
+    const bool isZero = shortest.count == 1 && shortest.digits[0] == '0';
+    const long exponent = isZero ? 0 : shortest.exponent - powerOfTen;
+    if (!HasPlainForm(exponent)) return false;
+    text = PlainText(shortest.negative, shortest.digits, shortest.count, exponent, false);
+    return text.size() <= width;
 }
 
 std::string FormatReal(double value, int fieldWidth, const UnitScale& scale) {
@@ -766,7 +749,7 @@ std::string FormatReal(double value, int fieldWidth, const UnitScale& scale) {
     std::string text;
     if (scale.isPowerOfTen && FitPlainText(value, scale.powerOfTen, width, text)) return text;
     const Decimal decimal = ShortestWritten(value, scale);
-    const bool hasPlain = HasPlainForm(decimal);
+    const bool hasPlain = HasPlainForm(decimal.exponent);
     const bool isWhole = decimal.exponent >= static_cast<long>(decimal.digits.size()) - 1;
     // The usual forms first; in a column too narrow for them, shorter texts
     // of the same number, so that the column widens only when none fits.
