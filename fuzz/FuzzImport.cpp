@@ -5,7 +5,8 @@
 // AddressSanitizer and UndefinedBehaviorSanitizer). A profile that was read
 // is written, read back and written again: the profile read back is the
 // same, the second text the same as the first. Then every query is asked;
-// a query may fail with its std::runtime_error and with nothing else.
+// a query may fail with its std::runtime_error and with nothing else, and
+// the answers of all layers asked in one call are those of the getters.
 
 #include <cstddef>
 #include <cstdint>
@@ -20,6 +21,8 @@
 #include <TerrixExchange/document/TerrixMultipleSoilProfiles.h>
 #include <TerrixExchange/queries/LayerDivisionCheck.h>
 #include <TerrixExchange/queries/NamedQueries.h>
+
+#include "../tests/AnswersOfAllLayers.h"
 
 using namespace TerrixExchange;
 
@@ -46,23 +49,22 @@ std::string Written(Terrix profile) {
 
 template <class Query>
 void Ask(Query query) {
-    try {
-        query();
-    } catch (const std::runtime_error&) {
-        // A query's own failure ("Unknown layer", "Manual PY curve not defined", ...).
-    }
+    // A query may fail with its own std::runtime_error ("Unknown layer",
+    // "Manual PY curve not defined", ...) and with nothing else.
+    Testing::OutcomeOf(query);
 }
 
 // Every query of the library's lists. Splitting divisions that run
 // backwards or count more layers than a profile can have would never end,
-// so those are split only when the library's check finds nothing.
+// so those are split only when the library's check finds nothing. The
+// answers of all layers in one call are those of the getters.
 void AskEverything(const Terrix& p) {
-    ForEachProfileQuery([&](const char*, auto getter) { Ask([&] { (p.*getter)(); }); });
+    ForEachProfileQuery([&](const char*, auto getter) { Ask([&] { return (p.*getter)(); }); });
     std::vector<Layer> layers;
-    Ask([&] { layers = p.GetLayers(false); });
-    if (!FindLayerDivisionError(p, SourceLines())) Ask([&] { layers = p.GetLayers(true); });
-    for (const Layer& layer : layers)
-        ForEachLayerQuery([&](const char*, auto getter) { Ask([&] { (p.*getter)(layer); }); });
+    Ask([&] { return layers = p.GetLayers(false); });
+    if (!FindLayerDivisionError(p, SourceLines())) Ask([&] { return layers = p.GetLayers(true); });
+    Require(Testing::FirstAnswerUnlikeTheGetters(p, layers).empty(),
+            "the answers of all layers in one call differ from the getters'");
 }
 
 void ReadWriteAndAsk(const std::string& text, bool deduceUnits) {

@@ -12,7 +12,9 @@
 #include <gtest/gtest.h>
 
 #include <TerrixExchange/archive/JsonArchive.h>
+#include <TerrixExchange/document/TerrixMultipleSoilProfiles.h>
 
+#include "AnswersOfAllLayers.h"
 #include "TestSupport.h"
 
 using namespace TerrixExchange;
@@ -324,5 +326,28 @@ TEST(ProfileApi, LayeringJoinsExactlyTheNeighboursWhoseGettersAgree) {
             continue;
         }
         EXPECT_EQ(profile.GetLayers(true), expected) << name;
+    }
+}
+
+TEST(ProfileApi, TheAnswersOfAllLayersInOneCallAreTheGetters) {
+    // One call indexes the sections for all the layers it is given; each
+    // getter scans them for its one layer. Every answer and every error is
+    // the same, split or not, in every profile of every dump case. A layer
+    // the index was not built for is still found, by a scan.
+    for (const std::string& path : CaseTexts("dump")) {
+        TerrixMultipleSoilProfiles profiles;
+        std::istringstream stream(FileText(path));
+        profiles.Import(stream);
+        for (const Terrix& profile : profiles.GetSoilProfiles())
+            for (const bool split : {false, true}) {
+                const auto layering = Testing::OutcomeOf([&] { return profile.GetLayers(split); });
+                if (!layering.answer) continue;
+                const std::vector<Layer>& layers = *layering.answer;
+                EXPECT_EQ(Testing::FirstAnswerUnlikeTheGetters(profile, layers), "") << path << " split " << split;
+                if (layers.size() < 2) continue;
+                const LayerLookup lookup(profile, {layers.front()});
+                const auto& divisions = profile.GetTerrixInputData().soilLayerDivisionsAndCodesForPyTzQzSection;
+                EXPECT_EQ(lookup.Find(divisions, layers.back()), divisions.FindLayer(layers.back())) << path;
+            }
     }
 }

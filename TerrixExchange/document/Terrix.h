@@ -21,7 +21,7 @@ namespace TerrixExchange {
 
 class TerrixMultipleSoilProfiles;
 class JsonArchive;
-struct ManualCurveIndex;
+class LayerLookup;
 
 // One soil profile: the content of one TERRIX input file, or of one profile
 // of a stream of several. It holds the header, the unit system in which the
@@ -223,7 +223,7 @@ private:
     // layer (never of two) joined where the main layer and the data of all
     // six curves are exactly the same.
     std::vector<Layer> ConditionallySplitLayers(std::vector<Layer> layers) const;
-    std::vector<Layer> ConditionallyMergeLayers(std::vector<Layer> layers, const ManualCurveIndex& index) const;
+    std::vector<Layer> ConditionallyMergeLayers(std::vector<Layer> layers, const LayerLookup& lookup) const;
 
     std::string header_;
     Units::Runtime::UnitSystem unitSystem_;

@@ -13,7 +13,7 @@
 // The manual curves and modifications are looked up by the layer's first
 // numbered layer, which stands for all the layers it covers.
 
-#include <TerrixExchange/queries/CurveDataQueries.h>
+#include <TerrixExchange/queries/LayerLookup.h>
 
 #include <stdexcept>
 
@@ -37,135 +37,97 @@ struct CurveCodes {
 // Every kind of curve first makes sure the layer has its division: the
 // codes live there, and a layer without one has no curves at all.
 template <class Section>
-CurveCodes FindCodesIn(const Section& section, const Layer& layer) {
-    const auto record = section.FindLayer(layer);
+CurveCodes FindCodesIn(const LayerLookup& lookup, const Section& section, const Layer& layer) {
+    const auto record = lookup.Find(section, layer);
     if (record == section.records.end()) throw std::runtime_error("Could not find layer");
     return CurveCodes{record->PYCODE, record->TZCODE, record->QZCODE};
 }
 
-CurveCodes FindCurveCodes(const Terrix& profile, const Layer& layer) {
+CurveCodes FindCurveCodes(const LayerLookup& lookup, const Layer& layer) {
+    const Terrix& profile = lookup.GetProfile();
     const TerrixInputData& data = profile.GetTerrixInputData();
-    if (profile.GetVersion() == Version::V4) return FindCodesIn(data.soilLayerDivisionsAndCodesForPyTzQzSection, layer);
-    if (profile.GetVersion() == Version::V5) return FindCodesIn(data.mainLayersSubdivisionAndPyTzQzCodesSection, layer);
+    if (profile.GetVersion() == Version::V4)
+        return FindCodesIn(lookup, data.soilLayerDivisionsAndCodesForPyTzQzSection, layer);
+    if (profile.GetVersion() == Version::V5)
+        return FindCodesIn(lookup, data.mainLayersSubdivisionAndPyTzQzCodesSection, layer);
     throw std::runtime_error("TERRIX version undefined");
 }
 
-const std::vector<Quantity<LengthPhenomenon>>& Diameters(const Terrix& profile) {
-    return profile.GetTerrixInputData().pileDiametersAndGroupEffectsSection.diameters;
+const std::vector<Quantity<LengthPhenomenon>>& Diameters(const LayerLookup& lookup) {
+    return lookup.GetProfile().GetTerrixInputData().pileDiametersAndGroupEffectsSection.diameters;
+}
+
+// The layer's manual curve of each diameter; a diameter without one throws
+// when `required` and is left out otherwise.
+template <class ManualSection>
+auto ManualCurvesOf(const LayerLookup& lookup, const ManualSection& section, const Layer& layer, bool required) {
+    const auto records = lookup.ManualCurves(section, layer);
+    return section.GetManualCurves(&records, Diameters(lookup), required);
 }
 
 // For every diameter, the factors of the first row that covers the layer at
 // that diameter.
-template <class Data, class ModificationSection>
-void AddModifications(Data& data, const Terrix& profile, const Layer& layer, const ModificationSection& modifications) {
-    data.modifications = modifications.GetModifications(layer.firstLayer, Diameters(profile));
-}
-
-// The records of the layer's first numbered layer in the index; null when
-// it has none.
-template <class Index>
-const typename Index::mapped_type* RecordsOf(const Index& index, const Layer& layer) {
-    const auto found = index.find(layer.firstLayer);
-    return found == index.end() ? nullptr : &found->second;
+template <class ModificationSection>
+auto ModificationsOf(const LayerLookup& lookup, const ModificationSection& section, const Layer& layer) {
+    return section.ModificationsOf(lookup.FirstModificationRows(section, layer), Diameters(lookup));
 }
 
 // P-Y, T-Z and Q-Z. A diameter listed twice keeps its last entry.
 template <class Data, class ManualSection, class ModificationSection>
-Data CodedCurveData(const Terrix& profile, const Layer& layer, std::int32_t CurveCodes::*kind,
-                    const ManualSection& manualCurves, const typename ManualSection::RecordIndex& index,
-                    const ModificationSection& modifications) {
+Data CodedCurveData(const LayerLookup& lookup, const Layer& layer, std::int32_t CurveCodes::*kind,
+                    const ManualSection& manualCurves, const ModificationSection& modifications) {
     Data data;
-    data.code = FindCurveCodes(profile, layer).*kind;
-    if (data.code == manualCode)
-        data.manualCurves = manualCurves.GetManualCurves(RecordsOf(index, layer), Diameters(profile), true);
-    AddModifications(data, profile, layer, modifications);
+    data.code = FindCurveCodes(lookup, layer).*kind;
+    if (data.code == manualCode) data.manualCurves = ManualCurvesOf(lookup, manualCurves, layer, true);
+    data.modifications = ModificationsOf(lookup, modifications, layer);
     return data;
 }
 
 // M-theta, BS-Y and BM-theta: no code, but the layer must have its division
 // all the same.
 template <class Data, class ManualSection, class ModificationSection>
-Data UncodedCurveData(const Terrix& profile, const Layer& layer, const ManualSection& manualCurves,
-                      const typename ManualSection::RecordIndex& index, const ModificationSection& modifications) {
-    FindCurveCodes(profile, layer);
+Data UncodedCurveData(const LayerLookup& lookup, const Layer& layer, const ManualSection& manualCurves,
+                      const ModificationSection& modifications) {
+    FindCurveCodes(lookup, layer);
     Data data;
-    data.manualCurves = manualCurves.GetManualCurves(RecordsOf(index, layer), Diameters(profile), false);
-    AddModifications(data, profile, layer, modifications);
+    data.manualCurves = ManualCurvesOf(lookup, manualCurves, layer, false);
+    data.modifications = ModificationsOf(lookup, modifications, layer);
     return data;
 }
 
+const TerrixInputData& DataOf(const LayerLookup& lookup) { return lookup.GetProfile().GetTerrixInputData(); }
+
 }  // namespace
 
-ManualCurveIndex::ManualCurveIndex(const TerrixInputData& data)
-    : py(data.manualPyLateralResistanceDataSection.IndexRecords(nullptr)),
-      tz(data.manualTzSkinFrictionDataSection.IndexRecords(nullptr)),
-      qz(data.manualQzPileTipResistanceDataSection.IndexRecords(nullptr)),
-      mtheta(data.manualMthetaMomentDataSection.IndexRecords(nullptr)),
-      bsy(data.manualBSYBaseShearDataSection.IndexRecords(nullptr)),
-      bmtheta(data.manualBMthetaMomentDataSection.IndexRecords(nullptr)) {}
-
-PyData PyDataOf(const Terrix& profile, const Layer& layer, const ManualPyLateralResistanceDataSection::RecordIndex& index) {
-    const TerrixInputData& data = profile.GetTerrixInputData();
-    return CodedCurveData<PyData>(profile, layer, &CurveCodes::py, data.manualPyLateralResistanceDataSection, index,
-                                  data.pyLateralResistanceDataModificationSection);
+PyData PerLayer::GetPyData(const LayerLookup& lookup, const Layer& layer) {
+    return CodedCurveData<PyData>(lookup, layer, &CurveCodes::py, DataOf(lookup).manualPyLateralResistanceDataSection,
+                                  DataOf(lookup).pyLateralResistanceDataModificationSection);
 }
 
-TzData TzDataOf(const Terrix& profile, const Layer& layer, const ManualTzSkinFrictionDataSection::RecordIndex& index) {
-    const TerrixInputData& data = profile.GetTerrixInputData();
-    return CodedCurveData<TzData>(profile, layer, &CurveCodes::tz, data.manualTzSkinFrictionDataSection, index,
-                                  data.tzSkinFrictionDataModificationSection);
+TzData PerLayer::GetTzData(const LayerLookup& lookup, const Layer& layer) {
+    return CodedCurveData<TzData>(lookup, layer, &CurveCodes::tz, DataOf(lookup).manualTzSkinFrictionDataSection,
+                                  DataOf(lookup).tzSkinFrictionDataModificationSection);
 }
 
-QzData QzDataOf(const Terrix& profile, const Layer& layer,
-                const ManualQzPileTipResistanceDataSection::RecordIndex& index) {
-    const TerrixInputData& data = profile.GetTerrixInputData();
-    return CodedCurveData<QzData>(profile, layer, &CurveCodes::qz, data.manualQzPileTipResistanceDataSection, index,
-                                  data.qzPileTipResistanceDataModificationSection);
+QzData PerLayer::GetQzData(const LayerLookup& lookup, const Layer& layer) {
+    return CodedCurveData<QzData>(lookup, layer, &CurveCodes::qz,
+                                  DataOf(lookup).manualQzPileTipResistanceDataSection,
+                                  DataOf(lookup).qzPileTipResistanceDataModificationSection);
 }
 
-MThetaData MthetaDataOf(const Terrix& profile, const Layer& layer,
-                        const ManualMthetaMomentDataSection::RecordIndex& index) {
-    const TerrixInputData& data = profile.GetTerrixInputData();
-    return UncodedCurveData<MThetaData>(profile, layer, data.manualMthetaMomentDataSection, index,
-                                        data.mthetaMomentDataModificationSection);
+MThetaData PerLayer::GetMthetaData(const LayerLookup& lookup, const Layer& layer) {
+    return UncodedCurveData<MThetaData>(lookup, layer, DataOf(lookup).manualMthetaMomentDataSection,
+                                        DataOf(lookup).mthetaMomentDataModificationSection);
 }
 
-BSYData BSyDataOf(const Terrix& profile, const Layer& layer, const ManualBSYBaseShearDataSection::RecordIndex& index) {
-    const TerrixInputData& data = profile.GetTerrixInputData();
-    return UncodedCurveData<BSYData>(profile, layer, data.manualBSYBaseShearDataSection, index,
-                                     data.bsyBaseShearDataModificationSection);
+BSYData PerLayer::GetBSyData(const LayerLookup& lookup, const Layer& layer) {
+    return UncodedCurveData<BSYData>(lookup, layer, DataOf(lookup).manualBSYBaseShearDataSection,
+                                     DataOf(lookup).bsyBaseShearDataModificationSection);
 }
 
-BMThetaData BMthetaDataOf(const Terrix& profile, const Layer& layer,
-                          const ManualBMthetaMomentDataSection::RecordIndex& index) {
-    const TerrixInputData& data = profile.GetTerrixInputData();
-    return UncodedCurveData<BMThetaData>(profile, layer, data.manualBMthetaMomentDataSection, index,
-                                         data.bmThetaMomentDataModificationSection);
-}
-
-// A getter asks one layer: it indexes that layer's records alone.
-PyData Terrix::GetPyData(const Layer& layer) const {
-    return PyDataOf(*this, layer, inputData_.manualPyLateralResistanceDataSection.IndexRecords(&layer.firstLayer));
-}
-
-TzData Terrix::GetTzData(const Layer& layer) const {
-    return TzDataOf(*this, layer, inputData_.manualTzSkinFrictionDataSection.IndexRecords(&layer.firstLayer));
-}
-
-QzData Terrix::GetQzData(const Layer& layer) const {
-    return QzDataOf(*this, layer, inputData_.manualQzPileTipResistanceDataSection.IndexRecords(&layer.firstLayer));
-}
-
-MThetaData Terrix::GetMthetaData(const Layer& layer) const {
-    return MthetaDataOf(*this, layer, inputData_.manualMthetaMomentDataSection.IndexRecords(&layer.firstLayer));
-}
-
-BSYData Terrix::GetBSyData(const Layer& layer) const {
-    return BSyDataOf(*this, layer, inputData_.manualBSYBaseShearDataSection.IndexRecords(&layer.firstLayer));
-}
-
-BMThetaData Terrix::GetBMthetaData(const Layer& layer) const {
-    return BMthetaDataOf(*this, layer, inputData_.manualBMthetaMomentDataSection.IndexRecords(&layer.firstLayer));
+BMThetaData PerLayer::GetBMthetaData(const LayerLookup& lookup, const Layer& layer) {
+    return UncodedCurveData<BMThetaData>(lookup, layer, DataOf(lookup).manualBMthetaMomentDataSection,
+                                         DataOf(lookup).bmThetaMomentDataModificationSection);
 }
 
 }  // namespace TerrixExchange

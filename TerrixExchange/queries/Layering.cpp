@@ -14,7 +14,7 @@
 #include <boost/optional.hpp>
 
 #include <TerrixExchange/document/Terrix.h>
-#include <TerrixExchange/queries/CurveDataQueries.h>
+#include <TerrixExchange/queries/LayerLookup.h>
 
 namespace TerrixExchange {
 
@@ -26,27 +26,24 @@ namespace {
 // data are asked once, not twice.
 class CurveDataOfLayer {
 public:
-    CurveDataOfLayer(const Terrix& profile, const ManualCurveIndex& index, const Layer& layer)
-        : profile_(&profile), index_(&index), layer_(layer) {}
+    CurveDataOfLayer(const LayerLookup& lookup, const Layer& layer) : lookup_(&lookup), layer_(layer) {}
 
     const Layer& GetLayer() const { return layer_; }
-    const PyData& Py() { return Ask(py_, PyDataOf, index_->py); }
-    const TzData& Tz() { return Ask(tz_, TzDataOf, index_->tz); }
-    const QzData& Qz() { return Ask(qz_, QzDataOf, index_->qz); }
-    const MThetaData& Mtheta() { return Ask(mtheta_, MthetaDataOf, index_->mtheta); }
-    const BSYData& BSy() { return Ask(bsy_, BSyDataOf, index_->bsy); }
-    const BMThetaData& BMtheta() { return Ask(bmtheta_, BMthetaDataOf, index_->bmtheta); }
+    const PyData& Py() { return Ask(py_, PerLayer::GetPyData); }
+    const TzData& Tz() { return Ask(tz_, PerLayer::GetTzData); }
+    const QzData& Qz() { return Ask(qz_, PerLayer::GetQzData); }
+    const MThetaData& Mtheta() { return Ask(mtheta_, PerLayer::GetMthetaData); }
+    const BSYData& BSy() { return Ask(bsy_, PerLayer::GetBSyData); }
+    const BMThetaData& BMtheta() { return Ask(bmtheta_, PerLayer::GetBMthetaData); }
 
 private:
-    template <class Data, class Index>
-    const Data& Ask(boost::optional<Data>& data, Data (*query)(const Terrix&, const Layer&, const Index&),
-                    const Index& index) {
-        if (!data) data = query(*profile_, layer_, index);
+    template <class Data>
+    const Data& Ask(boost::optional<Data>& data, Data (*query)(const LayerLookup&, const Layer&)) {
+        if (!data) data = query(*lookup_, layer_);
         return *data;
     }
 
-    const Terrix* profile_;
-    const ManualCurveIndex* index_;
+    const LayerLookup* lookup_;
     Layer layer_;
     boost::optional<PyData> py_;
     boost::optional<TzData> tz_;
@@ -84,14 +81,20 @@ std::vector<Layer> Terrix::GetLayers(bool split) const {
     return {};
 }
 
-// The manual curves of all layers are indexed once for the whole call, not
-// searched for again for every piece.
+// The divisions are cut first, so that the sections are indexed once for
+// all the pieces, not searched again for every piece.
 std::vector<Layer> Terrix::ConditionallySplitLayers(std::vector<Layer> layers) const {
-    const ManualCurveIndex index(inputData_);
-    std::vector<Layer> result;
+    std::vector<std::vector<Layer>> divisions;
+    std::vector<Layer> pieces;
     for (const Layer& layer : layers) {
-        std::vector<Layer> pieces = ConditionallyMergeLayers(layer.Split(), index);
-        result.insert(result.end(), std::make_move_iterator(pieces.begin()), std::make_move_iterator(pieces.end()));
+        divisions.push_back(layer.Split());
+        pieces.insert(pieces.end(), divisions.back().begin(), divisions.back().end());
+    }
+    const LayerLookup lookup(*this, pieces);
+    std::vector<Layer> result;
+    for (std::vector<Layer>& division : divisions) {
+        std::vector<Layer> merged = ConditionallyMergeLayers(std::move(division), lookup);
+        result.insert(result.end(), std::make_move_iterator(merged.begin()), std::make_move_iterator(merged.end()));
     }
     return result;
 }
@@ -99,11 +102,11 @@ std::vector<Layer> Terrix::ConditionallySplitLayers(std::vector<Layer> layers) c
 // A joined layer keeps the first layer of its first piece, by which its
 // curve data are found, so the data of the last layer of the result are
 // those of that piece and are kept as they were asked.
-std::vector<Layer> Terrix::ConditionallyMergeLayers(std::vector<Layer> layers, const ManualCurveIndex& index) const {
+std::vector<Layer> Terrix::ConditionallyMergeLayers(std::vector<Layer> layers, const LayerLookup& lookup) const {
     std::vector<Layer> result;
     boost::optional<CurveDataOfLayer> last;
     for (Layer& layer : layers) {
-        CurveDataOfLayer next(*this, index, layer);
+        CurveDataOfLayer next(lookup, layer);
         if (last && HaveSameProperties(*last, next)) {
             result.back().Merge(layer);
         } else {

@@ -13,7 +13,10 @@
 // profile-wide query, the Layer for a per-layer one). Each getter has its
 // own return type, so `visit` is generic: [&](const char* name, auto getter).
 
+#include <vector>
+
 #include <TerrixExchange/document/Terrix.h>
+#include <TerrixExchange/queries/LayerLookup.h>
 
 namespace TerrixExchange {
 
@@ -44,32 +47,55 @@ void ForEachProfileQuery(Visit&& visit) {
     visit("CurveShapeFactorTZ", &Terrix::GetCurveShapeFactorTZ);
 }
 
+// The per-layer queries, each as the getter of Terrix and as the function
+// that answers it through a LayerLookup.
+template <class Visit>
+void ForEachLayerQueryWithLookup(Visit&& visit) {
+    visit("SoilType", &Terrix::GetSoilType, &PerLayer::GetSoilType);
+    visit("Phi", &Terrix::GetPhi, &PerLayer::GetPhi);
+    visit("Epsc", &Terrix::GetEpsc, &PerLayer::GetEpsc);
+    visit("OverConsolidationRatio", &Terrix::GetOverConsolidationRatio, &PerLayer::GetOverConsolidationRatio);
+    visit("APIJFactor", &Terrix::GetAPIJFactor, &PerLayer::GetAPIJFactor);
+    visit("OpenGap", &Terrix::GetOpenGap, &PerLayer::GetOpenGap);
+    visit("RPRatio", &Terrix::GetRPRatio, &PerLayer::GetRPRatio);
+    visit("TZCurveZDisplacement", &Terrix::GetTZCurveZDisplacement, &PerLayer::GetTZCurveZDisplacement);
+    visit("LayerUnitWeight", &Terrix::GetLayerUnitWeight, &PerLayer::GetLayerUnitWeight);
+    visit("InitialModulus", &Terrix::GetInitialModulus, &PerLayer::GetInitialModulus);
+    visit("InitialSoilShearModulus", &Terrix::GetInitialSoilShearModulus, &PerLayer::GetInitialSoilShearModulus);
+    visit("DSDiameterRatio", &Terrix::GetDSDiameterRatio, &PerLayer::GetDSDiameterRatio);
+    visit("PoissonRatio", &Terrix::GetPoissonRatio, &PerLayer::GetPoissonRatio);
+    visit("DTDiameterRatio", &Terrix::GetDTDiameterRatio, &PerLayer::GetDTDiameterRatio);
+    visit("SUz", &Terrix::GetSUz, &PerLayer::GetSUz);
+    visit("SkinCompression", &Terrix::GetSkinCompression, &PerLayer::GetSkinCompression);
+    visit("SkinTension", &Terrix::GetSkinTension, &PerLayer::GetSkinTension);
+    visit("TipResistance", &Terrix::GetTipResistance, &PerLayer::GetTipResistance);
+    visit("PyData", &Terrix::GetPyData, &PerLayer::GetPyData);
+    visit("TzData", &Terrix::GetTzData, &PerLayer::GetTzData);
+    visit("QzData", &Terrix::GetQzData, &PerLayer::GetQzData);
+    visit("MthetaData", &Terrix::GetMthetaData, &PerLayer::GetMthetaData);
+    visit("BSyData", &Terrix::GetBSyData, &PerLayer::GetBSyData);
+    visit("BMthetaData", &Terrix::GetBMthetaData, &PerLayer::GetBMthetaData);
+}
+
 template <class Visit>
 void ForEachLayerQuery(Visit&& visit) {
-    visit("SoilType", &Terrix::GetSoilType);
-    visit("Phi", &Terrix::GetPhi);
-    visit("Epsc", &Terrix::GetEpsc);
-    visit("OverConsolidationRatio", &Terrix::GetOverConsolidationRatio);
-    visit("APIJFactor", &Terrix::GetAPIJFactor);
-    visit("OpenGap", &Terrix::GetOpenGap);
-    visit("RPRatio", &Terrix::GetRPRatio);
-    visit("TZCurveZDisplacement", &Terrix::GetTZCurveZDisplacement);
-    visit("LayerUnitWeight", &Terrix::GetLayerUnitWeight);
-    visit("InitialModulus", &Terrix::GetInitialModulus);
-    visit("InitialSoilShearModulus", &Terrix::GetInitialSoilShearModulus);
-    visit("DSDiameterRatio", &Terrix::GetDSDiameterRatio);
-    visit("PoissonRatio", &Terrix::GetPoissonRatio);
-    visit("DTDiameterRatio", &Terrix::GetDTDiameterRatio);
-    visit("SUz", &Terrix::GetSUz);
-    visit("SkinCompression", &Terrix::GetSkinCompression);
-    visit("SkinTension", &Terrix::GetSkinTension);
-    visit("TipResistance", &Terrix::GetTipResistance);
-    visit("PyData", &Terrix::GetPyData);
-    visit("TzData", &Terrix::GetTzData);
-    visit("QzData", &Terrix::GetQzData);
-    visit("MthetaData", &Terrix::GetMthetaData);
-    visit("BSyData", &Terrix::GetBSyData);
-    visit("BMthetaData", &Terrix::GetBMthetaData);
+    ForEachLayerQueryWithLookup([&](const char* name, auto getter, auto) { visit(name, getter); });
+}
+
+// Every per-layer answer of many layers in one call: for each layer of
+// `layers` in order, and each per-layer query in the order above,
+// `visit(layer, name, answer)`, where `answer()` gives what the getter gives
+// for that layer, or throws what it throws. The sections are indexed once
+// for all the layers (LayerLookup), so the call grows with the size of the
+// profile, not with its square as a getter per layer and query does;
+// `answer` is valid only during its visit.
+template <class Visit>
+void ForEachLayerAnswer(const Terrix& profile, const std::vector<Layer>& layers, Visit&& visit) {
+    const LayerLookup lookup(profile, layers);
+    for (const Layer& layer : layers)
+        ForEachLayerQueryWithLookup([&](const char* name, auto, auto query) {
+            visit(layer, name, [&] { return query(lookup, layer); });
+        });
 }
 
 // "Sand", "Clay" or "Undefined": a soil type as the answers name it.

@@ -3,6 +3,7 @@
 // strength against level).
 
 #include <TerrixExchange/document/Terrix.h>
+#include <TerrixExchange/queries/LayerLookup.h>
 #include <TerrixExchange/queries/QuerySupport.h>
 
 namespace TerrixExchange {
@@ -17,14 +18,15 @@ using V5Record = SkinFrictionAndTipResistanceSectionV5Record;
 
 // One axial table of a layer: `column` of the version 4 level rows, or the
 // `top` and `bottom` columns of the version 5 main layer row.
-Terrix::StressByLevel AxialTable(const Terrix& profile, const Layer& layer, double V4Record::*column,
+Terrix::StressByLevel AxialTable(const LayerLookup& lookup, const Layer& layer, double V4Record::*column,
                                  double V5Record::*top, double V5Record::*bottom) {
+    const Terrix& profile = lookup.GetProfile();
     const TerrixInputData& data = profile.GetTerrixInputData();
     Terrix::StressByLevel table;
     if (profile.GetVersion() == Version::V4) {
         // The level rows that bracket the layer's middle, at their own
         // levels; a level given twice keeps its later row.
-        const auto range = data.skinFrictionAndTipResistanceSectionV4.EqualRange(layer);
+        const auto range = lookup.EqualRange(data.skinFrictionAndTipResistanceSectionV4, layer);
         for (auto record = range.first; record != range.second; ++record)
             table[record->ZLEV] = AsStored<StressPhenomenon>((*record).*column);
     } else if (profile.GetVersion() == Version::V5) {
@@ -33,7 +35,7 @@ Terrix::StressByLevel AxialTable(const Terrix& profile, const Layer& layer, doub
         // layer's top and bottom values. A layer of no thickness keeps the
         // bottom value.
         const SkinFrictionAndTipResistanceSectionV5& section = data.skinFrictionAndTipResistanceSectionV5;
-        const auto record = section.FindLayer(layer);
+        const auto record = lookup.Find(section, layer);
         if (record != section.records.end()) {
             table[layer.zTop] = AsStored<StressPhenomenon>((*record).*top);
             table[layer.zBottom] = AsStored<StressPhenomenon>((*record).*bottom);
@@ -123,37 +125,40 @@ boost::optional<double> Terrix::GetCurveShapeFactorTZ() const {
     return inputData_.skinFrictionAndTipResistanceSectionV4.RFTZ;
 }
 
-Terrix::StressByLevel Terrix::GetSkinCompression(const Layer& layer) const {
-    return AxialTable(*this, layer, &V4Record::SKIN_CMP, &V5Record::SKINC_TOP, &V5Record::SKINC_BOT);
+Terrix::StressByLevel PerLayer::GetSkinCompression(const LayerLookup& lookup, const Layer& layer) {
+    return AxialTable(lookup, layer, &V4Record::SKIN_CMP, &V5Record::SKINC_TOP, &V5Record::SKINC_BOT);
 }
 
-Terrix::StressByLevel Terrix::GetSkinTension(const Layer& layer) const {
-    return AxialTable(*this, layer, &V4Record::SKIN_TNS, &V5Record::SKINT_TOP, &V5Record::SKINT_BOT);
+Terrix::StressByLevel PerLayer::GetSkinTension(const LayerLookup& lookup, const Layer& layer) {
+    return AxialTable(lookup, layer, &V4Record::SKIN_TNS, &V5Record::SKINT_TOP, &V5Record::SKINT_BOT);
 }
 
-Terrix::StressByLevel Terrix::GetTipResistance(const Layer& layer) const {
-    return AxialTable(*this, layer, &V4Record::SIG_TIP, &V5Record::SIGTIP_TOP, &V5Record::SIGTIP_BOT);
+Terrix::StressByLevel PerLayer::GetTipResistance(const LayerLookup& lookup, const Layer& layer) {
+    return AxialTable(lookup, layer, &V4Record::SIG_TIP, &V5Record::SIGTIP_TOP, &V5Record::SIGTIP_BOT);
 }
 
-Terrix::StressByLevel Terrix::GetSUz(const Layer& layer) const {
-    StressByLevel strengths;
-    if (GetVersion() == Version::V4) {
+Terrix::StressByLevel PerLayer::GetSUz(const LayerLookup& lookup, const Layer& layer) {
+    const Terrix& profile = lookup.GetProfile();
+    const TerrixInputData& data = profile.GetTerrixInputData();
+    Terrix::StressByLevel strengths;
+    if (profile.GetVersion() == Version::V4) {
         // A soil type gives its strength at level 0 and at level 100, 100 in
         // the length unit the file is written in (100 m, or 100 ft).
-        const SoilTypeAndPropertySectionRecord& soil = FindLayerRecord(inputData_.soilTypeAndPropertySection, layer);
+        const SoilTypeAndPropertySectionRecord& soil = FindLayerRecord(lookup, data.soilTypeAndPropertySection, layer);
         strengths[Quantity<LengthPhenomenon>(0.0)] = AsStored<StressPhenomenon>(soil.SU_Z0);
-        strengths[unitSystem_.ConvertFromUnitSystem<LengthPhenomenon>(100.0)] =
+        strengths[profile.GetUnitSystem().ConvertFromUnitSystem<LengthPhenomenon>(100.0)] =
             AsStored<StressPhenomenon>(soil.SU_Z100);
-    } else if (GetVersion() == Version::V5) {
+    } else if (profile.GetVersion() == Version::V5) {
         // A main layer gives its strength at its own top and bottom: its top
         // is the bottom of the main layer above it, or the seafloor for the
         // first. These are the main layer's levels, not the computational
         // layer's.
-        const SoilMainLayersAndPropertiesSection& section = inputData_.soilMainLayersAndPropertiesSection;
-        const auto main = section.FindLayer(layer);
+        const SoilMainLayersAndPropertiesSection& section = data.soilMainLayersAndPropertiesSection;
+        const auto main = lookup.Find(section, layer);
         if (main == section.records.end()) return strengths;
         strengths[main->ZBOTM] = AsStored<StressPhenomenon>(main->SUBOT);
-        const Quantity<LengthPhenomenon> top = main == section.records.begin() ? GetZSeafloor() : (main - 1)->ZBOTM;
+        const Quantity<LengthPhenomenon> top =
+            main == section.records.begin() ? profile.GetZSeafloor() : (main - 1)->ZBOTM;
         strengths[top] = AsStored<StressPhenomenon>(main->SUTOP);
     }
     return strengths;

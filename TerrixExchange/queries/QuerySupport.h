@@ -22,12 +22,12 @@ auto ByVersion(Version version, FromVersion4 fromVersion4, FromVersion5 fromVers
     throw std::runtime_error("Unknown TERRIX version");
 }
 
-// The first record of `section` for the layer (by the section's own
-// FindLayer). A layer that no record describes is the std::runtime_error
-// "Unknown layer".
-template <class Section>
-const auto& FindLayerRecord(const Section& section, const Layer& layer) {
-    const auto record = section.FindLayer(layer);
+// The first record of `section` for the layer (what the section's own
+// FindLayer finds). A layer that no record describes is the
+// std::runtime_error "Unknown layer".
+template <class Lookup, class Section>
+const auto& FindLayerRecord(const Lookup& lookup, const Section& section, const Layer& layer) {
+    const auto record = lookup.Find(section, layer);
     if (record == section.records.end()) throw std::runtime_error("Unknown layer");
     return *record;
 }

@@ -135,15 +135,33 @@ public:
     // wins), instead of one pass over all rows per diameter.
     std::map<Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>, Modification> GetModifications(
         int layer, const std::vector<Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>>& diameters) const {
+        return ModificationsOf(FindFirstRows(layer, diameters), diameters);
+    }
+
+    // For each of `diameters`, the first row in file order that covers the
+    // layer at that diameter; null where none does.
+    std::vector<const Record*> FindFirstRows(
+        int layer, const std::vector<Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>>& diameters) const {
         std::vector<const Record*> covering;
         for (const Record& record : records)
             if (record.HasLayer(layer)) covering.push_back(&record);
-        std::map<Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>, Modification> modifications;
+        std::vector<const Record*> firstRows;
         for (const auto& diameter : diameters) {
             const auto found = std::find_if(covering.begin(), covering.end(),
                                             [&](const Record* record) { return record->HasDiameter(diameter); });
-            modifications[diameter] = found != covering.end() ? (*found)->GetModification() : WithoutRow();
+            firstRows.push_back(found != covering.end() ? *found : nullptr);
         }
+        return firstRows;
+    }
+
+    // The factors of those rows by diameter; a diameter without a row gets
+    // what GetModification gives then, in the order of `diameters`.
+    std::map<Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>, Modification> ModificationsOf(
+        const std::vector<const Record*>& firstRows,
+        const std::vector<Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>>& diameters) const {
+        std::map<Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>, Modification> modifications;
+        for (std::size_t i = 0; i < diameters.size(); ++i)
+            modifications[diameters[i]] = firstRows[i] != nullptr ? firstRows[i]->GetModification() : WithoutRow();
         return modifications;
     }
 

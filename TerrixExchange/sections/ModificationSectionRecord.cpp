@@ -1,11 +1,19 @@
 #include <TerrixExchange/sections/ModificationSectionRecord.h>
 
+#include <limits>
+
 namespace TerrixExchange {
 
 using namespace Units::Runtime;
 
 bool ModificationSectionRecord::HasLayer(int layer) const {
-    return IsAllLayers() || (LAY1 <= layer && layer <= LAY2);
+    const std::pair<int, int> range = GetLayerRange();
+    return range.first <= layer && layer <= range.second;
+}
+
+std::pair<int, int> ModificationSectionRecord::GetLayerRange() const {
+    if (IsAllLayers()) return {std::numeric_limits<int>::min(), std::numeric_limits<int>::max()};
+    return {LAY1, LAY2};
 }
 
 bool ModificationSectionRecord::HasDiameter(Quantity<LengthPhenomenon> diameter) const {

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <tuple>
+#include <utility>
 
 #include <TerrixExchange/sections/FieldEquality.h>
 #include <TerrixPlatform/AllocationCallbacks/AllocationCallbacks.h>
@@ -20,6 +21,9 @@ public:
     // True for the all-layers row (0 0); otherwise when LAY1 <= layer <= LAY2.
     // A row such as 0 5 is an ordinary range, from layer 0 to layer 5.
     bool HasLayer(int layer) const;
+    // The layers HasLayer holds, first and last: every int for the
+    // all-layers row, an empty range (first > last) when LAY2 < LAY1.
+    std::pair<int, int> GetLayerRange() const;
     // True for DIAM 0; otherwise when DIAM equals `diameter` exactly.
     bool HasDiameter(Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon> diameter) const;
     // How many (layer, diameter) pairs the row covers in a profile of

@@ -50,6 +50,12 @@ SkinFrictionAndTipResistanceSectionV4::EqualRange(const Layer& layer) const {
         else if (record->IsBelowMiddleOfLayer(layer) && second == end)
             second = record;
     }
+    return RangeBetween(first, second);
+}
+
+std::pair<SkinFrictionAndTipResistanceSectionV4::const_iterator, SkinFrictionAndTipResistanceSectionV4::const_iterator>
+SkinFrictionAndTipResistanceSectionV4::RangeBetween(const_iterator first, const_iterator second) const {
+    const const_iterator end = records.end();
     if (second == end)
         second = first;
     else if (first == end)

@@ -73,6 +73,10 @@ public:
     // the levels stand out of depth order so that the first record below the
     // middle comes before the last one above it, the range is empty.
     std::pair<const_iterator, const_iterator> EqualRange(const Layer& layer) const;
+    // The range EqualRange gives from the last record above the middle and
+    // the first record below it (either the end when there is none), however
+    // the two were found.
+    std::pair<const_iterator, const_iterator> RangeBetween(const_iterator lastAbove, const_iterator firstBelow) const;
 
     // `count`: the number of levels to read.
     template <class Archive>

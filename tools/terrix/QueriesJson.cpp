@@ -85,14 +85,12 @@ void AddAnswer(Json& json, const char* key, const Terrix& profile, Getter getter
     json[key] = Answer([&] { return JsonOf((profile.*getter)(arguments...)); });
 }
 
-Json LayerJson(const Terrix& profile, const Layer& layer) {
-    Json json{{"mainLayer", layer.mainLayer},
-              {"firstLayer", layer.firstLayer},
-              {"layerCount", layer.layerCount},
-              {"zTop", JsonNumber(layer.zTop)},
-              {"zBottom", JsonNumber(layer.zBottom)}};
-    ForEachLayerQuery([&](const char* key, auto getter) { AddAnswer(json, key, profile, getter, layer); });
-    return json;
+Json LayerJson(const Layer& layer) {
+    return Json{{"mainLayer", layer.mainLayer},
+                {"firstLayer", layer.firstLayer},
+                {"layerCount", layer.layerCount},
+                {"zTop", JsonNumber(layer.zTop)},
+                {"zBottom", JsonNumber(layer.zBottom)}};
 }
 
 }  // namespace
@@ -108,7 +106,11 @@ Json LayersJson(const Terrix& profile, const SourceLines& lines, bool split) {
     return Answer([&] {
         const std::vector<Layer> layers = profile.GetLayers(split);
         Json list = Json::array();
-        for (const Layer& layer : layers) list.push_back(LayerJson(profile, layer));
+        for (const Layer& layer : layers) list.push_back(LayerJson(layer));
+        // All layers' answers in one call, which indexes the sections once.
+        ForEachLayerAnswer(profile, layers, [&](const Layer& layer, const char* key, auto answer) {
+            list[static_cast<std::size_t>(&layer - layers.data())][key] = Answer([&] { return JsonOf(answer()); });
+        });
         return list;
     });
 }
