@@ -14,9 +14,7 @@
 
 #include <algorithm>
 #include <limits>
-#include <set>
 #include <tuple>
-#include <unordered_map>
 
 namespace TerrixExchange {
 
@@ -26,8 +24,15 @@ namespace {
 
 const std::size_t none = std::numeric_limits<std::size_t>::max();
 
-// Number -> position of the first record that holds it, or `none`.
-using FirstPositions = std::unordered_map<std::int32_t, std::size_t>;
+// The numbers a call asks about (soil types or main layers, numbered
+// layers), ascending, each once.
+using Numbers = std::vector<std::int32_t>;
+
+// Where `number` stands among `numbers`; `none` when it is not one of them.
+std::size_t PlaceOf(const Numbers& numbers, std::int32_t number) {
+    const auto found = std::lower_bound(numbers.begin(), numbers.end(), number);
+    return found != numbers.end() && *found == number ? static_cast<std::size_t>(found - numbers.begin()) : none;
+}
 
 // A closed range of layer numbers; empty when low > high.
 struct NumberRange {
@@ -36,47 +41,51 @@ struct NumberRange {
 };
 
 // For each of `numbers`, the position of the first of `records` whose range
-// (`rangeOf`) holds it. A number found leaves the set of numbers still
-// sought, so the work is one search per record plus one per number, however
-// wide the ranges are.
+// (`rangeOf`) holds it, or `none`. A number found is skipped from then on
+// (`next` leads past the numbers found, its paths shortened as they are
+// followed), so the work is one search per record plus one step per
+// number, however wide the ranges are.
 template <class Record, class RangeOf>
-FirstPositions FirstHolding(const std::set<std::int32_t>& numbers, const std::vector<Record>& records, RangeOf rangeOf) {
-    FirstPositions first;
-    for (const std::int32_t number : numbers) first.emplace(number, none);
-    std::set<std::int32_t> sought = numbers;
-    for (std::size_t position = 0; position < records.size() && !sought.empty(); ++position) {
+std::vector<std::size_t> FirstHolding(const Numbers& numbers, const std::vector<Record>& records, RangeOf rangeOf) {
+    std::vector<std::size_t> first(numbers.size(), none);
+    std::vector<std::size_t> next(numbers.size() + 1);
+    for (std::size_t i = 0; i < next.size(); ++i) next[i] = i;
+    const auto sought = [&next](std::size_t i) {
+        while (next[i] != i) i = next[i] = next[next[i]];
+        return i;
+    };
+    std::size_t left = numbers.size();
+    for (std::size_t position = 0; position < records.size() && left > 0; ++position) {
         const NumberRange range = rangeOf(records[position]);
         if (range.low > range.high) continue;
-        auto number = sought.lower_bound(static_cast<std::int32_t>(
-            std::max<std::int64_t>(range.low, std::numeric_limits<std::int32_t>::min())));
-        while (number != sought.end() && *number <= range.high) {
-            first[*number] = position;
-            number = sought.erase(number);
+        const auto from = std::lower_bound(numbers.begin(), numbers.end(), range.low,
+                                           [](std::int32_t number, std::int64_t low) { return number < low; });
+        for (std::size_t i = sought(static_cast<std::size_t>(from - numbers.begin()));
+             i < numbers.size() && numbers[i] <= range.high; i = sought(i + 1)) {
+            first[i] = position;
+            next[i] = i + 1;
+            --left;
         }
     }
     return first;
 }
 
 template <class Record, class Number>
-FirstPositions FirstWith(const std::set<std::int32_t>& numbers, const std::vector<Record>& records,
-                         Number Record::*column) {
+std::vector<std::size_t> FirstWith(const Numbers& numbers, const std::vector<Record>& records, Number Record::*column) {
     return FirstHolding(numbers, records, [column](const Record& record) {
         return NumberRange{record.*column, record.*column};
     });
 }
 
-// What a section's FindLayer gives, from the positions when the number is
-// among them, by the scan otherwise.
+// What a section's FindLayer gives, from the first positions of `numbers`
+// when `number` is among them, by the scan otherwise.
 template <class Section>
-typename Section::const_iterator FoundAt(const FirstPositions* positions, std::int32_t number, const Section& section,
-                                         const Layer& layer) {
-    if (positions != nullptr) {
-        const auto found = positions->find(number);
-        if (found != positions->end())
-            return found->second == none ? section.records.end()
-                                         : section.records.begin() + static_cast<std::ptrdiff_t>(found->second);
-    }
-    return section.FindLayer(layer);
+typename Section::const_iterator FoundAt(const Numbers& numbers, const std::vector<std::size_t>& first,
+                                         std::int32_t number, const Section& section, const Layer& layer) {
+    const std::size_t place = PlaceOf(numbers, number);
+    if (place == none) return section.FindLayer(layer);
+    if (first[place] == none) return section.records.end();
+    return section.records.begin() + static_cast<std::ptrdiff_t>(first[place]);
 }
 
 // The level rows in depth order (a level that is not a number neither lies
@@ -101,54 +110,72 @@ struct LevelsByDepth {
     std::vector<std::size_t> firstFrom;
 };
 
-// An index of one section, with the section it indexes.
-template <class Section, class Value>
-struct IndexOf {
-    const Section* section;
-    Value value;
+// The manual curves of a section whose diameter is a number (a NaN equals
+// no diameter), by layer and diameter, in file order among equals: the first
+// of each layer and diameter comes first.
+template <class Kind>
+struct CurveIndex {
+    using Record = BasicManualCurveSectionRecord<Kind>;
+
+    explicit CurveIndex(const BasicManualCurveSection<Kind>& section) : section(&section) {
+        for (const Record& record : section.records)
+            if (record.DIAM == record.DIAM) records.push_back(&record);
+        std::stable_sort(records.begin(), records.end(), [](const Record* a, const Record* b) {
+            return a->LAY < b->LAY || (a->LAY == b->LAY && a->DIAM < b->DIAM);
+        });
+    }
+
+    const BasicManualCurveSection<Kind>* section;
+    std::vector<const Record*> records;
 };
 
+// For every number asked and every pile diameter, the position of the
+// first modification row that covers them (HasLayer and HasDiameter): the
+// rows' layer ranges, one pass per diameter.
 template <class Kind>
-using CurveIndex =
-    IndexOf<BasicManualCurveSection<Kind>, typename BasicManualCurveSection<Kind>::RecordIndex>;
-
-template <class Kind>
-CurveIndex<Kind> IndexCurves(const BasicManualCurveSection<Kind>& section) {
-    return {&section, section.IndexRecords(nullptr)};
-}
-
-// Number -> the first row covering it at each pile diameter (null: none).
-template <class Kind>
-using ModificationIndex =
-    IndexOf<BasicModificationSection<Kind>,
-            std::unordered_map<std::int32_t, std::vector<const BasicModificationSectionRecord<Kind>*>>>;
-
-// HasLayer and HasDiameter, as a range of numbers per diameter.
-template <class Kind>
-ModificationIndex<Kind> IndexModifications(
-    const BasicModificationSection<Kind>& section, const std::set<std::int32_t>& numbers,
-    const std::vector<Quantity<Units::Runtime::LengthPhenomenon>>& diameters) {
+struct ModificationIndex {
     using Record = BasicModificationSectionRecord<Kind>;
-    ModificationIndex<Kind> index{&section, {}};
-    for (const std::int32_t number : numbers) index.value[number].assign(diameters.size(), nullptr);
-    for (std::size_t d = 0; d < diameters.size(); ++d) {
-        const FirstPositions first = FirstHolding(numbers, section.records, [&](const Record& record) {
-            if (!record.HasDiameter(diameters[d])) return NumberRange{1, 0};
-            const std::pair<int, int> layers = record.GetLayerRange();
-            return NumberRange{layers.first, layers.second};
-        });
-        for (const auto& [number, position] : first)
-            if (position != none) index.value[number][d] = &section.records[position];
+
+    ModificationIndex(const BasicModificationSection<Kind>& section, const Numbers& numbers,
+                      const std::vector<Quantity<LengthPhenomenon>>& diameters)
+        : section(&section) {
+        for (const auto& diameter : diameters)
+            firstByDiameter.push_back(FirstHolding(numbers, section.records, [&](const Record& record) {
+                if (!record.HasDiameter(diameter)) return NumberRange{1, 0};
+                const std::pair<int, int> layers = record.GetLayerRange();
+                return NumberRange{layers.first, layers.second};
+            }));
     }
-    return index;
+
+    const BasicModificationSection<Kind>* section;
+    std::vector<std::vector<std::size_t>> firstByDiameter;
+};
+
+// Orders manual curve records by their layer alone, for equal_range.
+template <class Kind>
+struct LayerOrder {
+    using Record = BasicManualCurveSectionRecord<Kind>;
+    bool operator()(const Record* record, std::int32_t layer) const { return record->LAY < layer; }
+    bool operator()(std::int32_t layer, const Record* record) const { return layer < record->LAY; }
+};
+
+// The numbers of `layers`, ascending, each once.
+template <class Number>
+Numbers NumbersOf(const std::vector<Layer>& layers, Number Layer::*member) {
+    Numbers numbers;
+    for (const Layer& layer : layers) numbers.push_back(layer.*member);
+    std::sort(numbers.begin(), numbers.end());
+    numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
+    return numbers;
 }
 
 }  // namespace
 
 struct LayerLookup::Index {
-    Index(const TerrixInputData& data, const std::set<std::int32_t>& mainLayers,
-          const std::set<std::int32_t>& firstLayers)
-        : soilTypes(FirstWith(mainLayers, data.soilTypeAndPropertySection.records, &SoilTypeAndPropertySectionRecord::TYP)),
+    Index(const TerrixInputData& data, const std::vector<Layer>& layers)
+        : mainLayers(NumbersOf(layers, &Layer::mainLayer)),
+          firstLayers(NumbersOf(layers, &Layer::firstLayer)),
+          soilTypes(FirstWith(mainLayers, data.soilTypeAndPropertySection.records, &SoilTypeAndPropertySectionRecord::TYP)),
           mainLayerProperties(FirstWith(mainLayers, data.soilMainLayersAndPropertiesSection.records,
                                         &SoilMainLayersAndPropertiesSectionRecord::MAIN)),
           subdivisions(FirstWith(mainLayers, data.mainLayersSubdivisionAndPyTzQzCodesSection.records,
@@ -160,27 +187,32 @@ struct LayerLookup::Index {
                                      return NumberRange{record.LAYER1, record.LAYER2};
                                  })),
           levels(data.skinFrictionAndTipResistanceSectionV4.records),
-          manualCurves(IndexCurves(data.manualPyLateralResistanceDataSection),
-                       IndexCurves(data.manualTzSkinFrictionDataSection),
-                       IndexCurves(data.manualQzPileTipResistanceDataSection),
-                       IndexCurves(data.manualMthetaMomentDataSection),
-                       IndexCurves(data.manualBSYBaseShearDataSection),
-                       IndexCurves(data.manualBMthetaMomentDataSection)) {
-        const auto& diameters = data.pileDiametersAndGroupEffectsSection.diameters;
-        modifications = std::make_tuple(
-            IndexModifications(data.pyLateralResistanceDataModificationSection, firstLayers, diameters),
-            IndexModifications(data.tzSkinFrictionDataModificationSection, firstLayers, diameters),
-            IndexModifications(data.qzPileTipResistanceDataModificationSection, firstLayers, diameters),
-            IndexModifications(data.mthetaMomentDataModificationSection, firstLayers, diameters),
-            IndexModifications(data.bsyBaseShearDataModificationSection, firstLayers, diameters),
-            IndexModifications(data.bmThetaMomentDataModificationSection, firstLayers, diameters));
+          manualCurves(CurveIndex<ManualPyCurves>(data.manualPyLateralResistanceDataSection),
+                       CurveIndex<ManualTzCurves>(data.manualTzSkinFrictionDataSection),
+                       CurveIndex<ManualQzCurves>(data.manualQzPileTipResistanceDataSection),
+                       CurveIndex<ManualMthetaCurves>(data.manualMthetaMomentDataSection),
+                       CurveIndex<ManualBSYCurves>(data.manualBSYBaseShearDataSection),
+                       CurveIndex<ManualBMthetaCurves>(data.manualBMthetaMomentDataSection)),
+          modifications(Modifications<PyModificationRows>(data.pyLateralResistanceDataModificationSection, data),
+                        Modifications<TzModificationRows>(data.tzSkinFrictionDataModificationSection, data),
+                        Modifications<QzModificationRows>(data.qzPileTipResistanceDataModificationSection, data),
+                        Modifications<MThetaModificationRows>(data.mthetaMomentDataModificationSection, data),
+                        Modifications<BSYModificationRows>(data.bsyBaseShearDataModificationSection, data),
+                        Modifications<BMThetaModificationRows>(data.bmThetaMomentDataModificationSection, data)) {}
+
+    template <class Kind>
+    ModificationIndex<Kind> Modifications(const BasicModificationSection<Kind>& section,
+                                          const TerrixInputData& data) const {
+        return ModificationIndex<Kind>(section, firstLayers, data.pileDiametersAndGroupEffectsSection.diameters);
     }
 
-    FirstPositions soilTypes;
-    FirstPositions mainLayerProperties;
-    FirstPositions subdivisions;
-    FirstPositions axialTables;
-    FirstPositions divisions;
+    Numbers mainLayers;   // the soil types (version 4) or main layers (version 5) asked
+    Numbers firstLayers;  // the numbered layers asked
+    std::vector<std::size_t> soilTypes;
+    std::vector<std::size_t> mainLayerProperties;
+    std::vector<std::size_t> subdivisions;
+    std::vector<std::size_t> axialTables;
+    std::vector<std::size_t> divisions;
     LevelsByDepth levels;
     std::tuple<CurveIndex<ManualPyCurves>, CurveIndex<ManualTzCurves>, CurveIndex<ManualQzCurves>,
                CurveIndex<ManualMthetaCurves>, CurveIndex<ManualBSYCurves>, CurveIndex<ManualBMthetaCurves>>
@@ -193,47 +225,40 @@ struct LayerLookup::Index {
 
 LayerLookup::LayerLookup(const Terrix& profile) : profile_(&profile) {}
 
-LayerLookup::LayerLookup(const Terrix& profile, const std::vector<Layer>& layers) : profile_(&profile) {
-    std::set<std::int32_t> mainLayers;
-    std::set<std::int32_t> firstLayers;
-    for (const Layer& layer : layers) {
-        mainLayers.insert(layer.mainLayer);
-        firstLayers.insert(layer.firstLayer);
-    }
-    index_ = std::make_unique<Index>(profile.GetTerrixInputData(), mainLayers, firstLayers);
-}
+LayerLookup::LayerLookup(const Terrix& profile, const std::vector<Layer>& layers)
+    : profile_(&profile), index_(std::make_unique<Index>(profile.GetTerrixInputData(), layers)) {}
 
 LayerLookup::LayerLookup(LayerLookup&&) noexcept = default;
 LayerLookup::~LayerLookup() = default;
 
 SoilTypeAndPropertySection::const_iterator LayerLookup::Find(const SoilTypeAndPropertySection& section,
                                                              const Layer& layer) const {
-    const bool indexed = IsIndexed(section, &TerrixInputData::soilTypeAndPropertySection);
-    return FoundAt(indexed ? &index_->soilTypes : nullptr, layer.mainLayer, section, layer);
+    if (!IsIndexed(section, &TerrixInputData::soilTypeAndPropertySection)) return section.FindLayer(layer);
+    return FoundAt(index_->mainLayers, index_->soilTypes, layer.mainLayer, section, layer);
 }
 
 SoilMainLayersAndPropertiesSection::const_iterator LayerLookup::Find(const SoilMainLayersAndPropertiesSection& section,
                                                                      const Layer& layer) const {
-    const bool indexed = IsIndexed(section, &TerrixInputData::soilMainLayersAndPropertiesSection);
-    return FoundAt(indexed ? &index_->mainLayerProperties : nullptr, layer.mainLayer, section, layer);
+    if (!IsIndexed(section, &TerrixInputData::soilMainLayersAndPropertiesSection)) return section.FindLayer(layer);
+    return FoundAt(index_->mainLayers, index_->mainLayerProperties, layer.mainLayer, section, layer);
 }
 
 SoilLayerDivisionsAndCodesForPyTzQzSection::const_iterator LayerLookup::Find(
     const SoilLayerDivisionsAndCodesForPyTzQzSection& section, const Layer& layer) const {
-    const bool indexed = IsIndexed(section, &TerrixInputData::soilLayerDivisionsAndCodesForPyTzQzSection);
-    return FoundAt(indexed ? &index_->divisions : nullptr, layer.firstLayer, section, layer);
+    if (!IsIndexed(section, &TerrixInputData::soilLayerDivisionsAndCodesForPyTzQzSection)) return section.FindLayer(layer);
+    return FoundAt(index_->firstLayers, index_->divisions, layer.firstLayer, section, layer);
 }
 
 MainLayersSubdivisionAndPyTzQzCodesSection::const_iterator LayerLookup::Find(
     const MainLayersSubdivisionAndPyTzQzCodesSection& section, const Layer& layer) const {
-    const bool indexed = IsIndexed(section, &TerrixInputData::mainLayersSubdivisionAndPyTzQzCodesSection);
-    return FoundAt(indexed ? &index_->subdivisions : nullptr, layer.mainLayer, section, layer);
+    if (!IsIndexed(section, &TerrixInputData::mainLayersSubdivisionAndPyTzQzCodesSection)) return section.FindLayer(layer);
+    return FoundAt(index_->mainLayers, index_->subdivisions, layer.mainLayer, section, layer);
 }
 
 SkinFrictionAndTipResistanceSectionV5::const_iterator LayerLookup::Find(
     const SkinFrictionAndTipResistanceSectionV5& section, const Layer& layer) const {
-    const bool indexed = IsIndexed(section, &TerrixInputData::skinFrictionAndTipResistanceSectionV5);
-    return FoundAt(indexed ? &index_->axialTables : nullptr, layer.mainLayer, section, layer);
+    if (!IsIndexed(section, &TerrixInputData::skinFrictionAndTipResistanceSectionV5)) return section.FindLayer(layer);
+    return FoundAt(index_->mainLayers, index_->axialTables, layer.mainLayer, section, layer);
 }
 
 // In depth order, the rows above the middle come first and those below it
@@ -264,21 +289,25 @@ typename BasicManualCurveSection<Kind>::RecordsOfLayer LayerLookup::ManualCurves
         auto scanned = section.IndexRecords(&layer.firstLayer);
         return scanned.empty() ? typename BasicManualCurveSection<Kind>::RecordsOfLayer() : scanned.begin()->second;
     }
-    const auto& index = std::get<CurveIndex<Kind>>(index_->manualCurves).value;
-    const auto found = index.find(layer.firstLayer);
-    return found == index.end() ? typename BasicManualCurveSection<Kind>::RecordsOfLayer() : found->second;
+    const auto& records = std::get<CurveIndex<Kind>>(index_->manualCurves).records;
+    const auto ofLayer = std::equal_range(records.begin(), records.end(), layer.firstLayer, LayerOrder<Kind>());
+    typename BasicManualCurveSection<Kind>::RecordsOfLayer curves;
+    for (auto record = ofLayer.first; record != ofLayer.second; ++record) curves.emplace((*record)->DIAM, *record);
+    return curves;
 }
 
 template <class Kind>
 std::vector<const BasicModificationSectionRecord<Kind>*> LayerLookup::FirstModificationRows(
     const BasicModificationSection<Kind>& section, const Layer& layer) const {
-    if (index_ != nullptr && std::get<ModificationIndex<Kind>>(index_->modifications).section == &section) {
-        const auto& index = std::get<ModificationIndex<Kind>>(index_->modifications).value;
-        const auto found = index.find(layer.firstLayer);
-        if (found != index.end()) return found->second;
-    }
-    return section.FindFirstRows(layer.firstLayer,
-                                 profile_->GetTerrixInputData().pileDiametersAndGroupEffectsSection.diameters);
+    const auto& diameters = profile_->GetTerrixInputData().pileDiametersAndGroupEffectsSection.diameters;
+    const std::size_t place = index_ == nullptr ? none : PlaceOf(index_->firstLayers, layer.firstLayer);
+    const ModificationIndex<Kind>* index =
+        place == none ? nullptr : &std::get<ModificationIndex<Kind>>(index_->modifications);
+    if (index == nullptr || index->section != &section) return section.FindFirstRows(layer.firstLayer, diameters);
+    std::vector<const BasicModificationSectionRecord<Kind>*> rows;
+    for (const std::vector<std::size_t>& first : index->firstByDiameter)
+        rows.push_back(first[place] == none ? nullptr : &section.records[first[place]]);
+    return rows;
 }
 
 template BasicManualCurveSection<ManualPyCurves>::RecordsOfLayer LayerLookup::ManualCurves(
