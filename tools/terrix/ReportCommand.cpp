@@ -248,8 +248,10 @@ std::string LayerName(const Json& layer) {
 
 // The manual curves of each layer that has some: one chart per kind, a line
 // per pile diameter, and the modification factors that apply to the layer.
-std::string CurvesOfLayers(const Json& layers, const FileUnits& units) {
-    std::string html;
+// The page is long (a chart per layer and kind), so every part of it is
+// appended to `html` where it stands rather than copied into it.
+void AddCurvesOfLayers(const Json& layers, const FileUnits& units, std::string& html) {
+    const std::size_t start = html.size();
     for (const Json& layer : layers) {
         std::string charts;
         std::string factors;
@@ -284,12 +286,14 @@ std::string CurvesOfLayers(const Json& layers, const FileUnits& units) {
             }
         }
         if (charts.empty()) continue;
-        html += "<h4>" + LayerName(layer) + "</h4><div class=\"plots\">" + charts + "</div>";
+        html += "<h4>" + LayerName(layer) + "</h4><div class=\"plots\">";
+        html += charts;
+        html += "</div>";
         if (!factors.empty())
             html += "<table class=\"factors\"><tr><th>Modification</th><th>Diameter [" + units.Name(length) +
                     "]</th><th>Factors, in the columns of the modification section</th></tr>" + factors + "</table>";
     }
-    return html.empty() ? "<p>No layer has manual curves.</p>" : html;
+    if (html.size() == start) html += "<p>No layer has manual curves.</p>";
 }
 
 // One cell of the layer table: a number in the file's units, a map from
@@ -317,9 +321,9 @@ std::string Cell(const Json& answer, const LayerColumn& column, const FileUnits&
     return "<td>" + Escaped(text) + "</td>";
 }
 
-std::string LayerTable(const Json& layers, const FileUnits& units, bool isVersion5) {
+void AddLayerTable(const Json& layers, const FileUnits& units, bool isVersion5, std::string& html) {
     const std::vector<LayerColumn> columns = LayerColumns();
-    std::string html = "<div class=\"wide\"><table class=\"layers\"><tr><th>Layers</th><th>" +
+    html += "<div class=\"wide\"><table class=\"layers\"><tr><th>Layers</th><th>" +
                        std::string(isVersion5 ? "Main" : "Type") + "</th><th>Top [" + units.Name(length) +
                        "]</th><th>Bottom [" + units.Name(length) + "]</th>";
     for (const LayerColumn& column : columns) {
@@ -336,7 +340,7 @@ std::string LayerTable(const Json& layers, const FileUnits& units, bool isVersio
             html += Cell(layer[column.name], column, units, IsKeptAsWritten(column.name, isVersion5));
         html += "</tr>";
     }
-    return html + "</table></div>";
+    html += "</table></div>";
 }
 
 // The profile-wide parameters, each in the file's units.
@@ -379,7 +383,7 @@ svg .band, svg .level { font-size: 10px; }
 }
 )";
 
-std::string ProfileHtml(const Terrix& profile, const SourceLines& lines, std::size_t index) {
+void AddProfile(const Terrix& profile, const SourceLines& lines, std::size_t index, std::string& html) {
     const FileUnits units(profile);
     const UnitNames names = UnitsOf(profile);
     const bool isVersion5 = profile.GetVersion() == Version::V5;
@@ -387,18 +391,24 @@ std::string ProfileHtml(const Terrix& profile, const SourceLines& lines, std::si
     const Json parameters = ParametersJson(profile);
     const Json layers = LayersJson(profile, lines, true);
 
-    std::string html = "<section class=\"profile\"><h2>Profile #" + std::to_string(index) +
+    html += "<section class=\"profile\"><h2>Profile #" + std::to_string(index) +
                        (name.empty() ? "" : " '" + Escaped(name) + "'") + "</h2>";
     html += "<p>TERRIX version " + std::to_string(VersionNumberOf(profile)) + ", values in " + Escaped(names.force) +
             " and " + Escaped(names.length) + "</p>";
     html += "<pre class=\"header\">" + Escaped(profile.GetHeader()) + "</pre>";
     html += "<h3>Parameters</h3>" + ParameterTable(parameters, units);
-    if (IsError(layers)) return html + "<p class=\"error\">Layers: " + Escaped(ErrorText(layers)) + "</p></section>";
-    if (layers.empty()) return html + "<p>No layers.</p></section>";
-    html += "<h3>Soil against depth</h3>" + DepthPlots(layers, parameters, units, isVersion5).Render();
-    html += "<h3>Manual curves</h3>" + CurvesOfLayers(layers, units);
-    html += "<h3>Answers per layer</h3>" + LayerTable(layers, units, isVersion5);
-    return html + "</section>";
+    if (IsError(layers)) {
+        html += "<p class=\"error\">Layers: " + Escaped(ErrorText(layers)) + "</p></section>";
+    } else if (layers.empty()) {
+        html += "<p>No layers.</p></section>";
+    } else {
+        html += "<h3>Soil against depth</h3>" + DepthPlots(layers, parameters, units, isVersion5).Render();
+        html += "<h3>Manual curves</h3>";
+        AddCurvesOfLayers(layers, units, html);
+        html += "<h3>Answers per layer</h3>";
+        AddLayerTable(layers, units, isVersion5, html);
+        html += "</section>";
+    }
 }
 
 // FILE with .html in place of its extension; "-" gives standard output.
@@ -418,7 +428,7 @@ int RunReport(const ReportOptions& options) {
                        Escaped(title) + ": TERRIX soil profiles</title><style>" + style + "</style></head><body>";
     html += "<h1>" + Escaped(title) + "</h1>";
     for (std::size_t index = 0; index < read.Profiles().size(); ++index)
-        html += ProfileHtml(read.Profiles()[index], read.lines[index], index);
+        AddProfile(read.Profiles()[index], read.lines[index], index, html);
     html += "</body></html>\n";
     WriteOutput(options.out.empty() ? DefaultOutput(options.file) : options.out, html);
     return 0;

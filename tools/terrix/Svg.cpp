@@ -22,11 +22,29 @@ const int marginTop = 52;
 const int marginBottom = 14;
 const int legendRowHeight = 16;
 
-// A coordinate, to a tenth of a pixel.
+// A coordinate, to a tenth of a pixel: tenths counted as a whole number,
+// which is quicker than formatting the double; a value beyond pixels (or no
+// number) is formatted all the same.
 std::string Number(double value) {
     char buffer[32];
-    const auto end = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, 1).ptr;
+    if (!(std::fabs(value) < 1e15)) {
+        const auto end = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, 1).ptr;
+        return std::string(buffer, end);
+    }
+    const long long tenths = std::llround(value * 10.0);
+    const unsigned long long magnitude = static_cast<unsigned long long>(tenths < 0 ? -tenths : tenths);
+    char* end = buffer;
+    if (tenths < 0) *end++ = '-';
+    end = std::to_chars(end, buffer + sizeof buffer, magnitude / 10).ptr;
+    *end++ = '.';
+    *end++ = static_cast<char>('0' + magnitude % 10);
     return std::string(buffer, end);
+}
+
+// Appends every piece to `out` as it is, without a string in between.
+template <class... Pieces>
+void Append(std::string& out, const Pieces&... pieces) {
+    (out.append(pieces), ...);
 }
 
 // A range of no width (one value) is widened so that it can be drawn.
@@ -86,8 +104,10 @@ std::vector<double> Ticks(double low, double high, int count) {
 std::string TickText(double value) {
     // Six significant digits take away the noise of k * step.
     char buffer[32];
-    std::snprintf(buffer, sizeof buffer, "%.6g", value);
-    return Compact(std::strtod(buffer, nullptr), 8);
+    const auto end = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::general, 6).ptr;
+    double rounded = value;
+    std::from_chars(buffer, end, rounded);
+    return Compact(rounded, 8);
 }
 
 const char* SeriesColour(std::size_t index) {
@@ -158,60 +178,61 @@ std::string Chart::Render(const std::string& cssClass) const {
     };
     auto clampY = [&](double y) { return std::min(std::max(Y(y), top), bottom); };
 
-    std::string svg = "<svg class=\"plot " + cssClass + "\" xmlns=\"http://www.w3.org/2000/svg\" width=\"" +
-                      std::to_string(width_) + "\" height=\"" + std::to_string(height) + "\" viewBox=\"0 0 " +
-                      std::to_string(width_) + " " + std::to_string(height) + "\" role=\"img\">";
-    svg += "<title>" + Escaped(title_) + "</title>";
-    svg += "<text class=\"title\" x=\"" + Number(width_ / 2.0) + "\" y=\"14\" text-anchor=\"middle\">" +
-           Escaped(title_) + "</text>";
+    std::string svg;
+    Append(svg, "<svg class=\"plot ", cssClass, "\" xmlns=\"http://www.w3.org/2000/svg\" width=\"",
+           std::to_string(width_), "\" height=\"", std::to_string(height), "\" viewBox=\"0 0 ", std::to_string(width_),
+           " ", std::to_string(height), "\" role=\"img\">");
+    Append(svg, "<title>", Escaped(title_), "</title>");
+    Append(svg, "<text class=\"title\" x=\"", Number(width_ / 2.0), "\" y=\"14\" text-anchor=\"middle\">",
+           Escaped(title_), "</text>");
 
     for (const Band& band : bands_) {
         const double y0 = clampY(band.y0), y1 = clampY(band.y1);
-        svg += "<rect x=\"" + Number(left) + "\" y=\"" + Number(std::min(y0, y1)) + "\" width=\"" +
-               Number(right - left) + "\" height=\"" + Number(std::fabs(y1 - y0)) + "\" fill=\"" + band.colour +
-               "\" stroke=\"#555\" stroke-width=\"0.5\"/>";
+        Append(svg, "<rect x=\"", Number(left), "\" y=\"", Number(std::min(y0, y1)), "\" width=\"",
+               Number(right - left), "\" height=\"", Number(std::fabs(y1 - y0)), "\" fill=\"", band.colour,
+               "\" stroke=\"#555\" stroke-width=\"0.5\"/>");
         if (std::fabs(y1 - y0) >= 11)
-            svg += "<text class=\"band\" x=\"" + Number((left + right) / 2) + "\" y=\"" + Number((y0 + y1) / 2 + 4) +
-                   "\" text-anchor=\"middle\">" + Escaped(band.label) + "</text>";
+            Append(svg, "<text class=\"band\" x=\"", Number((left + right) / 2), "\" y=\"", Number((y0 + y1) / 2 + 4),
+                   "\" text-anchor=\"middle\">", Escaped(band.label), "</text>");
     }
 
     // Grid and tick values.
-    svg += "<g class=\"axis\">";
+    Append(svg, "<g class=\"axis\">");
     for (const double tick : yTicks) {
         if (tick < std::min(yLow, yHigh) || tick > std::max(yLow, yHigh)) continue;
         const std::string y = Number(Y(tick));
-        svg += "<line class=\"grid\" x1=\"" + Number(left) + "\" x2=\"" + Number(right) + "\" y1=\"" + y +
-               "\" y2=\"" + y + "\"/>";
-        svg += "<text x=\"" + Number(left - 4) + "\" y=\"" + Number(Y(tick) + 4) + "\" text-anchor=\"end\">" +
-               TickText(tick) + "</text>";
+        Append(svg, "<line class=\"grid\" x1=\"", Number(left), "\" x2=\"", Number(right), "\" y1=\"", y, "\" y2=\"", y,
+               "\"/>");
+        Append(svg, "<text x=\"", Number(left - 4), "\" y=\"", Number(Y(tick) + 4), "\" text-anchor=\"end\">",
+               TickText(tick), "</text>");
     }
     const double xAxisY = depthDown_ ? top : bottom;
     const double tickTextY = depthDown_ ? top - 5 : bottom + 13;
     for (const double tick : xTicks) {
         const std::string x = Number(X(tick));
-        svg += "<line class=\"grid\" x1=\"" + x + "\" x2=\"" + x + "\" y1=\"" + Number(top) + "\" y2=\"" +
-               Number(bottom) + "\"/>";
-        svg += "<text x=\"" + x + "\" y=\"" + Number(tickTextY) + "\" text-anchor=\"middle\">" + TickText(tick) +
-               "</text>";
+        Append(svg, "<line class=\"grid\" x1=\"", x, "\" x2=\"", x, "\" y1=\"", Number(top), "\" y2=\"", Number(bottom),
+               "\"/>");
+        Append(svg, "<text x=\"", x, "\" y=\"", Number(tickTextY), "\" text-anchor=\"middle\">", TickText(tick),
+               "</text>");
     }
-    svg += "<rect class=\"frame\" x=\"" + Number(left) + "\" y=\"" + Number(top) + "\" width=\"" +
-           Number(right - left) + "\" height=\"" + Number(bottom - top) + "\"/>";
+    Append(svg, "<rect class=\"frame\" x=\"", Number(left), "\" y=\"", Number(top), "\" width=\"", Number(right - left),
+           "\" height=\"", Number(bottom - top), "\"/>");
     if (showXAxis_)
         // Centred on the whole chart: a long axis title may be wider than
         // the plotting area.
-        svg += "<text class=\"unit\" x=\"" + Number(width_ / 2.0) + "\" y=\"" +
-               Number(depthDown_ ? 30 : xAxisY + 26) + "\" text-anchor=\"middle\">" + Escaped(xAxis_) + "</text>";
-    svg += "<text class=\"unit\" transform=\"translate(12 " + Number((top + bottom) / 2) +
-           ") rotate(-90)\" text-anchor=\"middle\">" + Escaped(yAxis_) + "</text>";
-    svg += "</g>";
+        Append(svg, "<text class=\"unit\" x=\"", Number(width_ / 2.0), "\" y=\"", Number(depthDown_ ? 30 : xAxisY + 26),
+               "\" text-anchor=\"middle\">", Escaped(xAxis_), "</text>");
+    Append(svg, "<text class=\"unit\" transform=\"translate(12 ", Number((top + bottom) / 2),
+           ") rotate(-90)\" text-anchor=\"middle\">", Escaped(yAxis_), "</text>");
+    Append(svg, "</g>");
 
     for (const Level& level : levels_) {
         if (!std::isfinite(level.y)) continue;
         const std::string y = Number(clampY(level.y));
-        svg += "<line x1=\"" + Number(left) + "\" x2=\"" + Number(right) + "\" y1=\"" + y + "\" y2=\"" + y +
-               "\" stroke=\"" + level.colour + "\" stroke-width=\"2\" stroke-dasharray=\"6 3\"/>";
-        svg += "<text class=\"level\" x=\"" + Number(right - 2) + "\" y=\"" + Number(clampY(level.y) - 3) +
-               "\" text-anchor=\"end\" fill=\"" + level.colour + "\">" + Escaped(level.label) + "</text>";
+        Append(svg, "<line x1=\"", Number(left), "\" x2=\"", Number(right), "\" y1=\"", y, "\" y2=\"", y,
+               "\" stroke=\"", level.colour, "\" stroke-width=\"2\" stroke-dasharray=\"6 3\"/>");
+        Append(svg, "<text class=\"level\" x=\"", Number(right - 2), "\" y=\"", Number(clampY(level.y) - 3),
+               "\" text-anchor=\"end\" fill=\"", level.colour, "\">", Escaped(level.label), "</text>");
     }
 
     // The lines, clipped to the plotting area.
@@ -219,8 +240,8 @@ std::string Chart::Render(const std::string& cssClass) const {
         std::string points;
         auto flush = [&] {
             if (!points.empty())
-                svg += "<polyline fill=\"none\" stroke=\"" + line.colour + "\" stroke-width=\"1.5\" points=\"" +
-                       points + "\"/>";
+                Append(svg, "<polyline fill=\"none\" stroke=\"", line.colour, "\" stroke-width=\"1.5\" points=\"",
+                       points, "\"/>");
             points.clear();
         };
         for (const Point& point : line.points) {
@@ -228,7 +249,7 @@ std::string Chart::Render(const std::string& cssClass) const {
                 flush();
                 continue;
             }
-            points += (points.empty() ? "" : " ") + Number(X(point.x)) + "," + Number(clampY(point.y));
+            Append(points, (points.empty() ? "" : " "), Number(X(point.x)), ",", Number(clampY(point.y)));
         }
         flush();
     }
@@ -237,13 +258,14 @@ std::string Chart::Render(const std::string& cssClass) const {
     double legendY = height_ + 2;
     for (const Line& line : lines_) {
         if (line.label.empty()) continue;
-        svg += "<line x1=\"" + Number(left) + "\" x2=\"" + Number(left + 18) + "\" y1=\"" + Number(legendY + 4) +
-               "\" y2=\"" + Number(legendY + 4) + "\" stroke=\"" + line.colour + "\" stroke-width=\"2\"/>";
-        svg += "<text class=\"legend\" x=\"" + Number(left + 24) + "\" y=\"" + Number(legendY + 8) + "\">" +
-               Escaped(line.label) + "</text>";
+        Append(svg, "<line x1=\"", Number(left), "\" x2=\"", Number(left + 18), "\" y1=\"", Number(legendY + 4),
+               "\" y2=\"", Number(legendY + 4), "\" stroke=\"", line.colour, "\" stroke-width=\"2\"/>");
+        Append(svg, "<text class=\"legend\" x=\"", Number(left + 24), "\" y=\"", Number(legendY + 8), "\">",
+               Escaped(line.label), "</text>");
         legendY += legendRowHeight;
     }
-    return svg + "</svg>";
+    svg += "</svg>";
+    return svg;
 }
 
 }  // namespace Svg

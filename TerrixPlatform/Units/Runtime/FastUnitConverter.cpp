@@ -22,20 +22,32 @@ bool TryGetRatio(const UnitRatio& from, const UnitRatio& to, UnitRatio& ratio) {
 
 }  // namespace
 
-FastUnitConverter::FastUnitConverter(const UnitSystem& from, const UnitSystem& to) : from_(from), to_(to) {}
+FastUnitConverter::FastUnitConverter(const UnitSystem& from, const UnitSystem& to) : from_(from), to_(to) {
+    const DynamicDimension dimensions[] = {{0, 0}, {0, 1}, {1, 0}, {1, 1}, {1, -1}, {1, -2}, {1, -3}};
+    for (std::size_t i = 0; i < ratios_.size(); ++i) {
+        ratios_[i].dimension = dimensions[i];
+        ratios_[i].isExact = TryGetRatio(from_.GetSize(dimensions[i]), to_.GetSize(dimensions[i]), ratios_[i].forward);
+    }
+}
+
+FastUnitConverter::Ratio FastUnitConverter::RatioOf(DynamicDimension dimension) const {
+    for (const Ratio& ratio : ratios_)
+        if (ratio.dimension == dimension) return ratio;
+    Ratio ratio{dimension, false, UnitRatio()};
+    ratio.isExact = TryGetRatio(from_.GetSize(dimension), to_.GetSize(dimension), ratio.forward);
+    return ratio;
+}
 
 double FastUnitConverter::GetConversionFactor(DynamicDimension dimension) const {
-    const UnitRatio from = from_.GetSize(dimension);
-    const UnitRatio to = to_.GetSize(dimension);
-    UnitRatio ratio;
-    if (TryGetRatio(from, to, ratio)) return ratio.ToDouble();
-    return from.ToDouble() / to.ToDouble();
+    const Ratio ratio = RatioOf(dimension);
+    if (ratio.isExact) return ratio.forward.ToDouble();
+    return from_.GetSize(dimension).ToDouble() / to_.GetSize(dimension).ToDouble();
 }
 
 double FastUnitConverter::Convert(double value, DynamicDimension dimension) const {
-    UnitRatio forward;
-    if (!TryGetRatio(from_.GetSize(dimension), to_.GetSize(dimension), forward))
-        return value * GetConversionFactor(dimension);
+    const Ratio ratio = RatioOf(dimension);
+    if (!ratio.isExact) return value * GetConversionFactor(dimension);
+    const UnitRatio& forward = ratio.forward;
     const double converted = forward.Apply(value);
     if (!std::isfinite(converted) || !std::isfinite(value)) return converted;
     const UnitRatio backward = forward.Inverse();

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <array>
+
 #include <TerrixPlatform/Units/Runtime/DynamicDimension.h>
+#include <TerrixPlatform/Units/Runtime/UnitRatio.h>
 #include <TerrixPlatform/Units/Runtime/UnitSystem.h>
 
 namespace TerrixExchange { namespace Units { namespace Runtime {
@@ -24,8 +27,19 @@ public:
     double Convert(double value, DynamicDimension dimension) const;
 
 private:
+    // The exact ratio of a dimension, when the whole numbers do not overflow.
+    struct Ratio {
+        DynamicDimension dimension;
+        bool isExact = false;
+        UnitRatio forward;
+    };
+    Ratio RatioOf(DynamicDimension dimension) const;
+
     UnitSystem from_;
     UnitSystem to_;
+    // The ratios of the dimensions of the format's quantities, worked out
+    // once: a converter converts many numbers of few dimensions.
+    std::array<Ratio, 7> ratios_;
 };
 
 }}}  // namespace TerrixExchange::Units::Runtime
