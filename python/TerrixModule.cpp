@@ -73,6 +73,7 @@ py::str Text(const std::string& text) { return py::str(JsonText(text).get_ref<co
 
 // ---- Answers as Python values -------------------------------------------
 
+py::object ToPython(py::object value) { return value; }
 py::object ToPython(double value) { return py::float_(value); }
 py::object ToPython(bool value) { return py::bool_(value); }
 py::object ToPython(std::uint64_t value) { return py::int_(value); }
@@ -228,6 +229,45 @@ std::vector<LayerHandle> Layers(const ProfileHandle& handle, bool split) {
     return layers;
 }
 
+// The answer of a query as a Python value, a failed one as its RuntimeError.
+template <class Ask>
+py::object AnswerOrError(Ask ask) {
+    try {
+        return ToPython(ask());
+    } catch (const std::exception& error) {
+        return py::handle(PyExc_RuntimeError)(error.what());
+    }
+}
+
+// For each of LAYERS, the answers of the queries NAMES: one call for all the
+// layers, which indexes the profile's sections once.
+py::list LayerAnswers(const ProfileHandle& handle, const std::vector<LayerHandle>& handles,
+                      const std::vector<std::string>& names) {
+    std::map<std::string, std::vector<std::size_t>> places;
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        LayerQueryNamed(names[i]);  // a KeyError for a name of no query
+        places[names[i]].push_back(i);
+    }
+    std::vector<Layer> layers;
+    for (const LayerHandle& layer : handles) layers.push_back(layer.layer);
+    std::vector<py::list> rows;
+    for (std::size_t i = 0; i < layers.size(); ++i) {
+        py::list row;
+        for (std::size_t j = 0; j < names.size(); ++j) row.append(py::none());
+        rows.push_back(row);
+    }
+    ForEachLayerAnswer(handle.Profile(), layers, [&](const Layer& layer, const char* name, auto answer) {
+        const auto wanted = places.find(name);
+        if (wanted == places.end()) return;
+        const py::object value = AnswerOrError(answer);
+        for (const std::size_t place : wanted->second)
+            rows[static_cast<std::size_t>(&layer - layers.data())][place] = value;
+    });
+    py::list answers;
+    for (const py::list& row : rows) answers.append(row);
+    return answers;
+}
+
 py::dict Parameters(const ProfileHandle& handle) {
     const Terrix& profile = handle.Profile();
     py::dict parameters;
@@ -289,11 +329,7 @@ PYBIND11_MODULE(_terrix, module) {
                 py::list answers;
                 for (const std::string& name : names) {
                     const LayerQuery& query = LayerQueryNamed(name);
-                    try {
-                        answers.append(query(handle.profile.Profile(), handle.layer));
-                    } catch (const std::exception& error) {
-                        answers.append(py::handle(PyExc_RuntimeError)(error.what()));
-                    }
+                    answers.append(AnswerOrError([&] { return query(handle.profile.Profile(), handle.layer); }));
                 }
                 return answers;
             },
@@ -312,7 +348,9 @@ PYBIND11_MODULE(_terrix, module) {
         })
         .def("sections", [](const ProfileHandle& h) { return ToPython(DescribeSections(h.Profile())); })
         .def("parameters", &Parameters)
-        .def("layers", &Layers, py::arg("split"));
+        .def("layers", &Layers, py::arg("split"))
+        .def("layer_answers", &LayerAnswers, py::arg("layers"), py::arg("names"),
+             "For each of LAYERS, the answers of the queries NAMES, a failed one as its RuntimeError");
 
     module.def("loads", &Loads, py::arg("text"), py::arg("units"),
                "The profiles of TEXT (bytes), in UNITS or in those deduced per profile");

@@ -26,9 +26,11 @@ def layers_frame(profile, split=True):
     columns = {name: [getattr(layer, name) for layer in layers] for name in LAYER_COLUMNS}
     answers = {name: [] for name in SCALAR_ANSWERS}
     errors = []
-    for layer in layers:
+    # All layers in one call, which indexes the profile's sections once.
+    every_answer = profile._core.layer_answers([layer._core for layer in layers], queries)
+    for layer_answers in every_answer:
         failed = []
-        for name, answer in zip(SCALAR_ANSWERS, layer._core.answers(queries)):
+        for name, answer in zip(SCALAR_ANSWERS, layer_answers):
             if isinstance(answer, RuntimeError):
                 failed.append(f"{name}: {answer}")
                 answer = np.nan

@@ -173,6 +173,28 @@ def test_layers_frame_has_a_row_per_layer_and_a_column_per_scalar_answer():
     assert np.isnan(frame["over_consolidation_ratio"]).all()
 
 
+def test_layers_frame_asks_all_layers_at_once_and_gets_each_layers_own_answers():
+    # The frame asks every layer in one call; each layer asks for itself.
+    def own(layer, name):
+        try:
+            answer = getattr(layer, name)
+        except RuntimeError:
+            return math.nan
+        return math.nan if answer is None else answer
+
+    for path in sorted((CASES / "dump").glob("*.terrix")):
+        for profile in terrix.read(path):
+            try:
+                layers = profile.layers()
+            except RuntimeError:
+                continue
+            frame = profile.layers_frame()
+            for name in terrix.SCALAR_ANSWERS:
+                expected = [own(layer, name) for layer in layers]
+                assert [a if a == a else "NaN" for a in frame[name].tolist()] == \
+                    [e if e == e else "NaN" for e in expected], f"{path.name}: {name}"
+
+
 def test_a_failing_answer_is_nan_in_the_frame_and_its_message_in_errors():
     profile, = terrix.read(CASES / "dump" / "north-sea-v4-without-soil-type-4.terrix")
     frame = profile.layers_frame(split=False)
