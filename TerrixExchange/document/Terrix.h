@@ -78,6 +78,12 @@ public:
     // and deduces the units of the file from its unit weight of water and
     // atmospheric pressure. False when no candidate unit is within 5 per cent.
     static bool TryDeduceUnits(std::istream& stream, std::string& forceUnit, std::string& lengthUnit);
+    // The same deduction from the two numbers as the file writes them: the
+    // unit weight of water (GAMMAW) and the atmospheric pressure (ATMPRS).
+    static bool TryDeduceUnits(
+        Units::Runtime::Quantity<Units::Runtime::ForcePerUnitVolumePhenomenon> waterUnitWeight,
+        Units::Runtime::Quantity<Units::Runtime::StressPhenomenon> atmosphericPressure, std::string& forceUnit,
+        std::string& lengthUnit);
 
     // ---- Queries ------------------------------------------------------------
     // What a pile-soil analysis asks of the profile. Every answer is worked
@@ -214,11 +220,6 @@ private:
     // The header, the version line and the control section, in database units.
     template <class Importer>
     static bool DeduceUnits(Importer& importer, std::string& forceUnit, std::string& lengthUnit);
-    static bool TryDeduceUnits(
-        Units::Runtime::Quantity<Units::Runtime::ForcePerUnitVolumePhenomenon> waterUnitWeight,
-        Units::Runtime::Quantity<Units::Runtime::StressPhenomenon> atmosphericPressure, std::string& forceUnit,
-        std::string& lengthUnit);
-
     // Layering: each layer cut into its numbered layers, the pieces of one
     // layer (never of two) joined where the main layer and the data of all
     // six curves are exactly the same.

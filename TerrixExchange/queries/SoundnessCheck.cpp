@@ -6,6 +6,7 @@
 
 #include <TerrixExchange/archive/JsonArchive.h>
 #include <TerrixExchange/queries/LayerDivisionCheck.h>
+#include <TerrixPlatform/Units/Runtime/FastUnitConverter.h>
 
 namespace TerrixExchange {
 
@@ -61,6 +62,34 @@ void CheckCounts(const Terrix& profile, Findings& findings) {
         const std::string name = problem.substr(0, problem.find(' '));
         findings.Error(findings.Parameter(controlTitle, name), problem);
     }
+}
+
+// A file names no units: its unit weight of water and atmospheric pressure
+// tell them, and a file read without units given is read in those. Read in
+// other units, every value means something else than its writer meant. (Two
+// unit pairs never both fit: the nearest two candidates of a unit differ by
+// a factor of more than two, against a tolerance of 5 per cent.)
+void CheckUnits(const Terrix& profile, Findings& findings) {
+    using namespace Units::Runtime;
+    const UnitSystem& units = profile.GetUnitSystem();
+    const FastUnitConverter toFile(GetDatabaseUnitSystem(), units);
+    const ControlSection& control = profile.GetTerrixInputData().controlSection;
+    const double waterUnitWeight = toFile.Convert(control.GAMMAW.GetValue(), ForcePerUnitVolumePhenomenon::dimension);
+    const double pressure = toFile.Convert(control.ATMPRS.GetValue(), StressPhenomenon::dimension);
+    char values[96];
+    std::snprintf(values, sizeof values, "GAMMAW %.6g and ATMPRS %.6g", waterUnitWeight, pressure);
+    const std::string read = units.GetForceUnitName() + " " + units.GetLengthUnitName();
+    std::string force;
+    std::string length;
+    if (!Terrix::TryDeduceUnits(Quantity<ForcePerUnitVolumePhenomenon>(waterUnitWeight),
+                                Quantity<StressPhenomenon>(pressure), force, length))
+        findings.Warning(findings.Parameter(controlTitle, "GAMMAW"),
+                         std::string(values) + " fit no units: the units the file was read in, " + read +
+                             ", cannot be confirmed");
+    else if (force + " " + length != read)
+        findings.Warning(findings.Parameter(controlTitle, "GAMMAW"),
+                         std::string(values) + " are those of " + force + " " + length +
+                             ", not of the units the file was read in, " + read);
 }
 
 // Version 4 numbers its layers from 1 down; the divisions must take them in
@@ -238,6 +267,7 @@ void CheckNumbers(const Terrix& profile, Findings& findings) {
 std::vector<SoundnessFinding> FindUnsoundValues(const Terrix& profile, const SourceLines& lines) {
     Findings findings(profile, lines);
     CheckCounts(profile, findings);
+    CheckUnits(profile, findings);
     if (profile.GetVersion() == Version::V4) CheckDivisions(profile, lines, findings);
     CheckLevels(profile, findings);
     CheckDiameters(profile, findings);

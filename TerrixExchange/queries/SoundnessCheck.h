@@ -29,6 +29,8 @@ struct SoundnessFinding {
 // Every finding of the profile, in the order of the file's sections:
 // - counts of the control section that disagree with their tables
 //   (FindInconsistencies);
+// - units the profile was read in that its unit weight of water and
+//   atmospheric pressure do not fit (warning; only when units were given);
 // - version 4 layer divisions that run backwards, overlap or leave a gap in
 //   the numbering of the layers;
 // - layer bottoms (ZBOTM) that do not grow downwards from the soil surface;
