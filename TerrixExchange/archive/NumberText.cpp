@@ -554,6 +554,36 @@ int CompareScaled(FixedNatural a, int aExponent, FixedNatural b, int bExponent, 
     return Compare(a, b);
 }
 
+// M x 10^E x numerator / denominator in 64-bit precision, where the platform
+// has it (x86's long double). M and a power of ten up to 10^27 are exact;
+// the product or quotient, the unit's numerator and denominator and the two
+// steps with them add at most five roundings of 2^-64 each, so the result
+// lies within 2^-61 of the exact value, relatively. Unless that leaves it
+// near the point halfway between two doubles, the double nearest to it is
+// the double nearest to the exact value; false when it might not be.
+bool NearestInExtendedPrecision(std::uint64_t mantissa, long exponent, const UnitScale& scale, double& value) {
+    if constexpr (std::numeric_limits<long double>::digits < 64) {
+        return false;
+    } else {
+        if (exponent > 27 || exponent < -27) return false;
+        long double power = 1.0L;
+        for (long i = 0; i < (exponent < 0 ? -exponent : exponent); ++i) power *= 10.0L;
+        long double exact = static_cast<long double>(mantissa);
+        exact = exponent < 0 ? exact / power : exact * power;
+        exact = exact * static_cast<long double>(scale.size.numerator) /
+                static_cast<long double>(scale.size.denominator);
+        const double nearest = static_cast<double>(exact);
+        if (!(nearest > 1e-290 && nearest < 1e290)) return false;
+        const long double below = (static_cast<long double>(nearest) + std::nextafter(nearest, 0.0)) / 2;
+        const long double above =
+            (static_cast<long double>(nearest) + std::nextafter(nearest, std::numeric_limits<double>::max())) / 2;
+        const long double margin = exact * 0x1p-59L;
+        if (!(exact - margin > below && exact + margin < above)) return false;
+        value = nearest;
+        return true;
+    }
+}
+
 // M x 10^E x numerator / denominator, rounded once to the nearest double, for
 // a short token whose result is a normal double well inside the range; false,
 // with nothing decided, for anything else.
@@ -565,6 +595,11 @@ bool ParseShortInRatio(const char* first, const char* last, const UnitScale& sca
     const long exponent = decimal.exponent;
     if (mantissa == 0) {
         value = negative ? -0.0 : 0.0;
+        return true;
+    }
+    double nearest = 0.0;
+    if (NearestInExtendedPrecision(mantissa, exponent, scale, nearest)) {
+        value = negative ? -nearest : nearest;
         return true;
     }
     // The written number rounded once, times the unit's size rounded once: a
