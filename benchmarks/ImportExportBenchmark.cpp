@@ -112,10 +112,10 @@ void WriteEveryNumber(benchmark::State& state, Text which) {
     CountBytes(state, TextOf(which).size());
 }
 
-void Export(benchmark::State& state, Text which) {
+void Export(benchmark::State& state, Text which, const char* force, const char* length) {
     std::size_t bytes = 0;
     for (auto _ : state) {
-        bytes = Exported(which, "kN", "m").size();
+        bytes = Exported(which, force, length).size();
         benchmark::DoNotOptimize(bytes);
     }
     CountBytes(state, bytes);
@@ -128,7 +128,8 @@ void Export(benchmark::State& state, Text which) {
     BENCHMARK_CAPTURE(Import, name, which, "kN", "m")->Unit(benchmark::kMillisecond);          \
     BENCHMARK_CAPTURE(Import, name##_lbf_ft, which, "lbf", "ft")->Unit(benchmark::kMillisecond); \
     BENCHMARK_CAPTURE(WriteEveryNumber, name, which)->Unit(benchmark::kMillisecond);           \
-    BENCHMARK_CAPTURE(Export, name, which)->Unit(benchmark::kMillisecond);
+    BENCHMARK_CAPTURE(Export, name, which, "kN", "m")->Unit(benchmark::kMillisecond);            \
+    BENCHMARK_CAPTURE(Export, name##_lbf_ft, which, "lbf", "ft")->Unit(benchmark::kMillisecond);
 
 TERRIX_TEXT_BENCHMARKS(stream, Text::Stream)
 TERRIX_TEXT_BENCHMARKS(layered, Text::Layered)
@@ -152,6 +153,8 @@ int main(int argc, char** argv) {
                             "Import/" + text);
         reporter.PrintRatio("  export / every number through to_chars", "Export/" + text,
                             "WriteEveryNumber/" + text);
+        reporter.PrintRatio("  export in lbf and ft / export in kN and m", "Export/" + text + "_lbf_ft",
+                            "Export/" + text);
     }
     benchmark::Shutdown();
     return 0;

@@ -554,6 +554,18 @@ int CompareScaled(FixedNatural a, int aExponent, FixedNatural b, int bExponent, 
     return Compare(a, b);
 }
 
+// 10^0 to 10^27, each exact in 64 bits (5^27 is below 2^64).
+struct PowersOfTen {
+    long double values[28];
+};
+constexpr PowersOfTen ExactPowersOfTen() {
+    PowersOfTen powers{};
+    powers.values[0] = 1.0L;
+    for (int i = 1; i < 28; ++i) powers.values[i] = powers.values[i - 1] * 10.0L;
+    return powers;
+}
+constexpr PowersOfTen exactPowersOfTen = ExactPowersOfTen();
+
 // M x 10^E x numerator / denominator in 64-bit precision, where the platform
 // has it (x86's long double). M and a power of ten up to 10^27 are exact;
 // the product or quotient, the unit's numerator and denominator and the two
@@ -566,8 +578,7 @@ bool NearestInExtendedPrecision(std::uint64_t mantissa, long exponent, const Uni
         return false;
     } else {
         if (exponent > 27 || exponent < -27) return false;
-        long double power = 1.0L;
-        for (long i = 0; i < (exponent < 0 ? -exponent : exponent); ++i) power *= 10.0L;
+        const long double power = exactPowersOfTen.values[exponent < 0 ? -exponent : exponent];
         long double exact = static_cast<long double>(mantissa);
         exact = exponent < 0 ? exact / power : exact * power;
         exact = exact * static_cast<long double>(scale.size.numerator) /
@@ -582,6 +593,18 @@ bool NearestInExtendedPrecision(std::uint64_t mantissa, long exponent, const Uni
         value = nearest;
         return true;
     }
+}
+
+// A decimal of up to 19 digits read so (its digits d1 d2 ... dn stand for
+// d1.d2...dn x 10^exponent); false when that does not decide its double.
+bool ReadInExtendedPrecision(const Decimal& decimal, const UnitScale& scale, double& value) {
+    if (decimal.digits.size() > 19) return false;
+    std::uint64_t mantissa = 0;
+    for (const char digit : decimal.digits) mantissa = mantissa * 10 + static_cast<std::uint64_t>(digit - '0');
+    const long exponent = decimal.exponent - static_cast<long>(decimal.digits.size()) + 1;
+    if (!NearestInExtendedPrecision(mantissa, exponent, scale, value)) return false;
+    if (decimal.negative) value = -value;
+    return true;
 }
 
 // M x 10^E x numerator / denominator, rounded once to the nearest double, for
@@ -678,11 +701,16 @@ Decimal ShortestWritten(double value, const UnitScale& scale) {
                                  static_cast<Wide>(unitSize.numerator), divisionDigits);
     for (std::size_t count = 1; count < divisionDigits; ++count) {
         const Decimal candidate = Rounded(exact, count);
-        // The guess rules out most candidates cheaply; the exact reading
-        // decides for those it leaves.
+        // Reading in 64-bit precision decides most candidates; of the rest,
+        // the guess rules out most cheaply, and the exact reading decides for
+        // those it leaves.
+        double back = 0.0;
+        if (ReadInExtendedPrecision(candidate, scale, back)) {
+            if (back == value) return candidate;
+            continue;
+        }
         double guess = 0.0;
         if (!Guess(candidate, unitSize, guess) || std::nextafter(guess, value) != value) continue;
-        double back = 0.0;
         if (MultiplyDivideExactly(candidate, unitSize, guess, back) && back == value) return candidate;
     }
     return exact;
