@@ -79,6 +79,32 @@ Json JsonOf(const BasicCurveData<Curve, Modification>& data) {
     return json;
 }
 
+// Curve data in brief: the code, and the diameters of the curves and of the
+// factors.
+template <class Map>
+Json DiametersOf(const Map& byDiameter) {
+    Json diameters = Json::array();
+    for (const auto& entry : byDiameter) diameters.push_back(JsonNumber(entry.first));
+    return diameters;
+}
+
+template <class Curve, class Modification>
+Json BriefJsonOf(const BasicCodedCurveData<Curve, Modification>& data) {
+    return Json{{"code", data.code},
+                {"manualCurves", DiametersOf(data.manualCurves)},
+                {"modifications", DiametersOf(data.modifications)}};
+}
+
+template <class Curve, class Modification>
+Json BriefJsonOf(const BasicCurveData<Curve, Modification>& data) {
+    return Json{{"manualCurves", DiametersOf(data.manualCurves)}, {"modifications", DiametersOf(data.modifications)}};
+}
+
+template <class Answer>
+Json BriefJsonOf(const Answer& answer) {
+    return JsonOf(answer);
+}
+
 // Adds `key`: the answer of a getter of the profile, asked with `arguments`.
 template <class Getter, class... Arguments>
 void AddAnswer(Json& json, const char* key, const Terrix& profile, Getter getter, const Arguments&... arguments) {
@@ -101,18 +127,36 @@ Json ParametersJson(const Terrix& profile) {
     return json;
 }
 
-Json LayersJson(const Terrix& profile, const SourceLines& lines, bool split) {
+namespace {
+
+// The layers and their answers, each answer as `toJson` writes it; `asked`
+// set to the layers.
+template <class ToJson>
+Json LayersJsonOf(const Terrix& profile, const SourceLines& lines, bool split, std::vector<Layer>& asked,
+                  ToJson toJson) {
+    asked.clear();
     if (const auto error = FindLayerDivisionError(profile, lines)) return Json{{"error", error->WithLine()}};
     return Answer([&] {
-        const std::vector<Layer> layers = profile.GetLayers(split);
+        asked = profile.GetLayers(split);
         Json list = Json::array();
-        for (const Layer& layer : layers) list.push_back(LayerJson(layer));
+        for (const Layer& layer : asked) list.push_back(LayerJson(layer));
         // All layers' answers in one call, which indexes the sections once.
-        ForEachLayerAnswer(profile, layers, [&](const Layer& layer, const char* key, auto answer) {
-            list[static_cast<std::size_t>(&layer - layers.data())][key] = Answer([&] { return JsonOf(answer()); });
+        ForEachLayerAnswer(profile, asked, [&](const Layer& layer, const char* key, auto answer) {
+            list[static_cast<std::size_t>(&layer - asked.data())][key] = Answer([&] { return toJson(answer()); });
         });
         return list;
     });
+}
+
+}  // namespace
+
+Json LayersJson(const Terrix& profile, const SourceLines& lines, bool split) {
+    std::vector<Layer> layers;
+    return LayersJsonOf(profile, lines, split, layers, [](const auto& answer) { return JsonOf(answer); });
+}
+
+Json LayersJsonInBrief(const Terrix& profile, const SourceLines& lines, bool split, std::vector<Layer>& layers) {
+    return LayersJsonOf(profile, lines, split, layers, [](const auto& answer) { return BriefJsonOf(answer); });
 }
 
 const std::vector<CurveKind>& CurveKinds() {

@@ -28,6 +28,13 @@ Json ParametersJson(const TerrixExchange::Terrix& profile);
 // the kinds that have one (P-Y, T-Z, Q-Z).
 Json LayersJson(const TerrixExchange::Terrix& profile, const TerrixExchange::SourceLines& lines, bool split);
 
+// The same for a page that draws the curves from the library's own values
+// (report): curve data only in brief, {"code", "manualCurves",
+// "modifications"} with the pile diameters alone, and `layers` set to the
+// layers asked (empty when they are an error).
+Json LayersJsonInBrief(const TerrixExchange::Terrix& profile, const TerrixExchange::SourceLines& lines, bool split,
+                       std::vector<TerrixExchange::Layer>& layers);
+
 // The six kinds of curve data of a layer, in the order of LayersJson: the
 // key of its answer ("PyData", ..., "BMthetaData"), its name for people
 // ("P-Y", "M-theta"), whether its data carry a curve code, and the factors

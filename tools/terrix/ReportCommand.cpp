@@ -5,9 +5,10 @@
 // (inline SVG and CSS, no script, nothing fetched), so that it can be mailed
 // or archived beside the file and still open years later.
 //
-// It draws what the dump answers (QueriesJson): the plots, the curves and
-// the table read the same answers, so a query that fails shows its message
-// in its place and everything else is still drawn.
+// The plots and the table read the answers as the dump writes them
+// (QueriesJson), the curves the library's own values, asked of all layers in
+// one call; a query that fails shows its message in its place and
+// everything else is still drawn.
 
 #include <algorithm>
 #include <cmath>
@@ -239,60 +240,102 @@ private:
     double bottom_;
 };
 
-std::string LayerName(const Json& layer) {
-    const long long first = layer["firstLayer"].get<long long>();
-    const long long count = layer["layerCount"].get<long long>();
+std::string LayerName(long long first, unsigned long long count) {
     return count <= 1 ? "Layer " + std::to_string(first)
-                      : "Layers " + std::to_string(first) + "-" + std::to_string(first + count - 1);
+                      : "Layers " + std::to_string(first) + "-" + std::to_string(first + static_cast<long long>(count) - 1);
+}
+
+std::string LayerName(const Json& layer) {
+    return LayerName(layer["firstLayer"].get<long long>(), layer["layerCount"].get<unsigned long long>());
+}
+
+// Curve data are the answers with manual curves and modifications.
+template <class Answer, class = void>
+struct IsCurveData : std::false_type {};
+template <class Answer>
+struct IsCurveData<Answer, std::void_t<decltype(std::declval<Answer>().manualCurves)>> : std::true_type {};
+
+const CurveKind& CurveKindNamed(const std::string& name) {
+    for (const CurveKind& kind : CurveKinds())
+        if (name == kind.key) return kind;
+    throw std::logic_error("no curve kind " + name);
+}
+
+// A number of the library in the file's units, as the dump's number would be
+// shown (NaN and the infinities spelt as the dump spells them).
+std::string Shown(double value, DynamicDimension dimension, const FileUnits& units) {
+    return units.Number(JsonNumber(value), dimension, valueWidth);
+}
+
+// One kind of curve data of a layer with manual curves: a chart with a line
+// per pile diameter, and a row per diameter of the factors that apply.
+template <class Data>
+void DrawCurveData(const CurveKind& kind, const Data& data, const FileUnits& units, std::string& charts,
+                   std::string& factors) {
+    if (data.manualCurves.empty()) return;
+    const CurveAxes axes = AxesOf(kind.key);
+    Svg::Chart chart(std::string(kind.name) + " curves",
+                     WithUnit(axes.displacementName, axes.displacement == none ? "rad" : units.Name(axes.displacement)),
+                     WithUnit(axes.resistanceName, units.Name(axes.resistance)), false, 300, 240);
+    std::size_t index = 0;
+    for (const auto& [diameter, curve] : data.manualCurves) {
+        Svg::Line line{"D = " + Shown(diameter.GetValue(), length, units) + " " + units.Name(length),
+                       Svg::SeriesColour(index++), {}};
+        for (const auto& [displacement, resistance] : curve.points)
+            if (std::isfinite(displacement) && std::isfinite(resistance))
+                line.points.push_back(
+                    {units.Convert(displacement, axes.displacement), units.Convert(resistance, axes.resistance)});
+        chart.AddLine(std::move(line));
+    }
+    charts += chart.Render("curve");
+    for (const auto& [diameter, modification] : data.modifications) {
+        std::string list;
+        std::apply([&](const auto&... factor) { ((list += (list.empty() ? "" : ", ") + Shown(factor, none, units)), ...); },
+                   std::decay_t<decltype(modification)>::Factors(modification));
+        factors += "<tr><td>" + std::string(kind.name) + "</td><td>" + Shown(diameter.GetValue(), length, units) +
+                   "</td><td>" + Escaped(list) + "</td></tr>";
+    }
 }
 
 // The manual curves of each layer that has some: one chart per kind, a line
 // per pile diameter, and the modification factors that apply to the layer.
-// The page is long (a chart per layer and kind), so every part of it is
-// appended to `html` where it stands rather than copied into it.
-void AddCurvesOfLayers(const Json& layers, const FileUnits& units, std::string& html) {
+// They are drawn from the library's own values, asked of all layers in one
+// call, not from JSON: a page may hold thousands of charts. Every part of
+// the page is appended to `html` where it stands rather than copied into it.
+void AddCurvesOfLayers(const Terrix& profile, const std::vector<Layer>& layers, const FileUnits& units,
+                       std::string& html) {
     const std::size_t start = html.size();
-    for (const Json& layer : layers) {
-        std::string charts;
-        std::string factors;
-        for (const CurveKind& kind : CurveKinds()) {
-            const Json& data = layer[kind.key];
-            if (IsError(data)) {
-                charts += "<p class=\"error\">" + Escaped(std::string(kind.name) + ": " + ErrorText(data)) + "</p>";
-                continue;
+    const Layer* current = nullptr;
+    std::string charts;
+    std::string factors;
+    auto addLayer = [&] {
+        if (current != nullptr && !charts.empty()) {
+            html += "<h4>" + LayerName(current->firstLayer, current->layerCount) + "</h4><div class=\"plots\">";
+            html += charts;
+            html += "</div>";
+            if (!factors.empty())
+                html += "<table class=\"factors\"><tr><th>Modification</th><th>Diameter [" + units.Name(length) +
+                        "]</th><th>Factors, in the columns of the modification section</th></tr>" + factors +
+                        "</table>";
+        }
+        charts.clear();
+        factors.clear();
+    };
+    ForEachLayerAnswer(profile, layers, [&](const Layer& layer, const char* name, auto answer) {
+        if constexpr (IsCurveData<decltype(answer())>::value) {
+            if (&layer != current) {
+                addLayer();
+                current = &layer;
             }
-            if (data["manualCurves"].empty()) continue;
-            const CurveAxes axes = AxesOf(kind.key);
-            Svg::Chart chart(std::string(kind.name) + " curves",
-                             WithUnit(axes.displacementName, axes.displacement == none ? "rad" : units.Name(axes.displacement)),
-                             WithUnit(axes.resistanceName, units.Name(axes.resistance)), false, 300, 240);
-            std::size_t index = 0;
-            for (const Json& curve : data["manualCurves"]) {
-                Svg::Line line{"D = " + units.Number(curve["diameter"], length, valueWidth) + " " + units.Name(length),
-                               Svg::SeriesColour(index++), {}};
-                for (const Json& point : curve["points"])
-                    if (IsFiniteNumber(point[0]) && IsFiniteNumber(point[1]))
-                        line.points.push_back({units.Convert(point[0].get<double>(), axes.displacement),
-                                               units.Convert(point[1].get<double>(), axes.resistance)});
-                chart.AddLine(std::move(line));
-            }
-            charts += chart.Render("curve");
-            for (const Json& modification : data["modifications"]) {
-                std::string list;
-                for (const Json& factor : modification["factors"]) list += (list.empty() ? "" : ", ") + units.Number(factor, none, valueWidth);
-                factors += "<tr><td>" + std::string(kind.name) + "</td><td>" +
-                           units.Number(modification["diameter"], length, valueWidth) + "</td><td>" + Escaped(list) +
-                           "</td></tr>";
+            const CurveKind& kind = CurveKindNamed(name);
+            try {
+                DrawCurveData(kind, answer(), units, charts, factors);
+            } catch (const std::exception& error) {
+                charts += "<p class=\"error\">" + Escaped(std::string(kind.name) + ": error: " + error.what()) + "</p>";
             }
         }
-        if (charts.empty()) continue;
-        html += "<h4>" + LayerName(layer) + "</h4><div class=\"plots\">";
-        html += charts;
-        html += "</div>";
-        if (!factors.empty())
-            html += "<table class=\"factors\"><tr><th>Modification</th><th>Diameter [" + units.Name(length) +
-                    "]</th><th>Factors, in the columns of the modification section</th></tr>" + factors + "</table>";
-    }
+    });
+    addLayer();
     if (html.size() == start) html += "<p>No layer has manual curves.</p>";
 }
 
@@ -389,7 +432,8 @@ void AddProfile(const Terrix& profile, const SourceLines& lines, std::size_t ind
     const bool isVersion5 = profile.GetVersion() == Version::V5;
     const std::string name = NameOf(profile);
     const Json parameters = ParametersJson(profile);
-    const Json layers = LayersJson(profile, lines, true);
+    std::vector<Layer> asked;
+    const Json layers = LayersJsonInBrief(profile, lines, true, asked);
 
     html += "<section class=\"profile\"><h2>Profile #" + std::to_string(index) +
                        (name.empty() ? "" : " '" + Escaped(name) + "'") + "</h2>";
@@ -404,7 +448,7 @@ void AddProfile(const Terrix& profile, const SourceLines& lines, std::size_t ind
     } else {
         html += "<h3>Soil against depth</h3>" + DepthPlots(layers, parameters, units, isVersion5).Render();
         html += "<h3>Manual curves</h3>";
-        AddCurvesOfLayers(layers, units, html);
+        AddCurvesOfLayers(profile, asked, units, html);
         html += "<h3>Answers per layer</h3>";
         AddLayerTable(layers, units, isVersion5, html);
         html += "</section>";
