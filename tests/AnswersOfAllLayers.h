@@ -40,11 +40,14 @@ auto OutcomeOf(Query query) {
 }
 
 // Empty when every answer is the getter's; else "layer N: NAME" of the first
-// that is not (N counts from 0), or what was not asked.
-inline std::string FirstAnswerUnlikeTheGetters(const Terrix& profile, const std::vector<Layer>& layers) {
+// that is not (N counts from 0), or what was not asked. The answers come
+// from ForEachLayerAnswer, or, given `indexed`, through a lookup built for
+// those layers alone, so that the others are looked up by a scan.
+inline std::string FirstAnswerUnlikeTheGetters(const Terrix& profile, const std::vector<Layer>& layers,
+                                               const std::vector<Layer>* indexed = nullptr) {
     std::string unlike;
     std::size_t asked = 0;
-    ForEachLayerAnswer(profile, layers, [&](const Layer& layer, const char* name, auto answer) {
+    auto compare = [&](const Layer& layer, const char* name, auto answer) {
         ++asked;
         ForEachLayerQuery([&](const char* getterName, auto getter) {
             if constexpr (std::is_same_v<decltype(answer()), decltype((profile.*getter)(layer))>) {
@@ -53,7 +56,16 @@ inline std::string FirstAnswerUnlikeTheGetters(const Terrix& profile, const std:
                     unlike = "layer " + std::to_string(&layer - layers.data()) + ": " + name;
             }
         });
-    });
+    };
+    if (indexed == nullptr) {
+        ForEachLayerAnswer(profile, layers, compare);
+    } else {
+        const LayerLookup lookup(profile, *indexed);
+        for (const Layer& layer : layers)
+            ForEachLayerQueryWithLookup([&](const char* name, auto, auto query) {
+                compare(layer, name, [&] { return query(lookup, layer); });
+            });
+    }
     std::size_t queries = 0;
     ForEachLayerQuery([&](const char*, auto) { ++queries; });
     if (unlike.empty() && asked != layers.size() * queries) unlike = std::to_string(asked) + " answers asked";

@@ -122,9 +122,11 @@ void CheckDivisions(const Terrix& profile, const SourceLines& lines, Findings& f
         covered += division.GetSublayerCount();
     }
     // The import reads divisions until they cover NUMLAY layers; the last
-    // may cover more, which the count then does not tell.
+    // may cover more, which the count then does not tell. (Fewer is a count
+    // that disagrees with its table, found above.)
     const int count = profile.GetTerrixInputData().controlSection.NUMLAY;
-    if (!divisions.empty() && covered != static_cast<std::uint64_t>(count) && !FindLayerDivisionError(profile, lines))
+    if (!divisions.empty() && count >= 0 && covered > static_cast<std::uint64_t>(count) &&
+        !FindLayerDivisionError(profile, lines))
         findings.Error(findings.Parameter(controlTitle, "NUMLAY"), "NUMLAY is " + std::to_string(count) +
                                                                        " but the layer divisions cover " +
                                                                        std::to_string(covered) + " layers");
