@@ -345,7 +345,8 @@ TEST(ProfileApi, TheAnswersOfAllLayersInOneCallAreTheGetters) {
                 const std::vector<Layer>& layers = *layering.answer;
                 EXPECT_EQ(Testing::FirstAnswerUnlikeTheGetters(profile, layers), "") << path << " split " << split;
                 const std::vector<Layer> first(layers.begin(), layers.begin() + (layers.empty() ? 0 : 1));
-                EXPECT_EQ(Testing::FirstAnswerUnlikeTheGetters(profile, layers, &first), "") << path << " split " << split;
+                EXPECT_EQ(Testing::FirstAnswerUnlikeTheGetters(profile, layers, &first), "")
+                    << path << " split " << split;
             }
     }
 }

@@ -503,7 +503,8 @@ public:
         }
         for (int i = size_; i-- > 0;) {
             const std::uint64_t wide = std::uint64_t{limbs_[i]} << part;
-            limbs_[i + whole + 1] = (i == size_ - 1 ? 0u : limbs_[i + whole + 1]) | static_cast<std::uint32_t>(wide >> 32);
+            limbs_[i + whole + 1] =
+                (i == size_ - 1 ? 0u : limbs_[i + whole + 1]) | static_cast<std::uint32_t>(wide >> 32);
             limbs_[i + whole] = static_cast<std::uint32_t>(wide);
         }
         std::fill(limbs_, limbs_ + whole, 0u);

@@ -175,7 +175,8 @@ struct LayerLookup::Index {
     Index(const TerrixInputData& data, const std::vector<Layer>& layers)
         : mainLayers(NumbersOf(layers, &Layer::mainLayer)),
           firstLayers(NumbersOf(layers, &Layer::firstLayer)),
-          soilTypes(FirstWith(mainLayers, data.soilTypeAndPropertySection.records, &SoilTypeAndPropertySectionRecord::TYP)),
+          soilTypes(
+              FirstWith(mainLayers, data.soilTypeAndPropertySection.records, &SoilTypeAndPropertySectionRecord::TYP)),
           mainLayerProperties(FirstWith(mainLayers, data.soilMainLayersAndPropertiesSection.records,
                                         &SoilMainLayersAndPropertiesSectionRecord::MAIN)),
           subdivisions(FirstWith(mainLayers, data.mainLayersSubdivisionAndPyTzQzCodesSection.records,
@@ -245,13 +246,15 @@ SoilMainLayersAndPropertiesSection::const_iterator LayerLookup::Find(const SoilM
 
 SoilLayerDivisionsAndCodesForPyTzQzSection::const_iterator LayerLookup::Find(
     const SoilLayerDivisionsAndCodesForPyTzQzSection& section, const Layer& layer) const {
-    if (!IsIndexed(section, &TerrixInputData::soilLayerDivisionsAndCodesForPyTzQzSection)) return section.FindLayer(layer);
+    if (!IsIndexed(section, &TerrixInputData::soilLayerDivisionsAndCodesForPyTzQzSection))
+        return section.FindLayer(layer);
     return FoundAt(index_->firstLayers, index_->divisions, layer.firstLayer, section, layer);
 }
 
 MainLayersSubdivisionAndPyTzQzCodesSection::const_iterator LayerLookup::Find(
     const MainLayersSubdivisionAndPyTzQzCodesSection& section, const Layer& layer) const {
-    if (!IsIndexed(section, &TerrixInputData::mainLayersSubdivisionAndPyTzQzCodesSection)) return section.FindLayer(layer);
+    if (!IsIndexed(section, &TerrixInputData::mainLayersSubdivisionAndPyTzQzCodesSection))
+        return section.FindLayer(layer);
     return FoundAt(index_->mainLayers, index_->subdivisions, layer.mainLayer, section, layer);
 }
 
@@ -329,38 +332,85 @@ template std::vector<const BasicModificationSectionRecord<TzModificationRows>*> 
     const BasicModificationSection<TzModificationRows>&, const Layer&) const;
 template std::vector<const BasicModificationSectionRecord<QzModificationRows>*> LayerLookup::FirstModificationRows(
     const BasicModificationSection<QzModificationRows>&, const Layer&) const;
-template std::vector<const BasicModificationSectionRecord<MThetaModificationRows>*>
-LayerLookup::FirstModificationRows(const BasicModificationSection<MThetaModificationRows>&, const Layer&) const;
+template std::vector<const BasicModificationSectionRecord<MThetaModificationRows>*> LayerLookup::FirstModificationRows(
+    const BasicModificationSection<MThetaModificationRows>&, const Layer&) const;
 template std::vector<const BasicModificationSectionRecord<BSYModificationRows>*> LayerLookup::FirstModificationRows(
     const BasicModificationSection<BSYModificationRows>&, const Layer&) const;
-template std::vector<const BasicModificationSectionRecord<BMThetaModificationRows>*>
-LayerLookup::FirstModificationRows(const BasicModificationSection<BMThetaModificationRows>&, const Layer&) const;
-
+template std::vector<const BasicModificationSectionRecord<BMThetaModificationRows>*> LayerLookup::FirstModificationRows(
+    const BasicModificationSection<BMThetaModificationRows>&, const Layer&) const;
 
 // A getter asks about one layer: its lookup scans the sections.
-Terrix::SoilType Terrix::GetSoilType(const Layer& layer) const { return PerLayer::GetSoilType(LayerLookup(*this), layer); }
-Quantity<AnglePhenomenon> Terrix::GetPhi(const Layer& layer) const { return PerLayer::GetPhi(LayerLookup(*this), layer); }
-double Terrix::GetEpsc(const Layer& layer) const { return PerLayer::GetEpsc(LayerLookup(*this), layer); }
-boost::optional<double> Terrix::GetOverConsolidationRatio(const Layer& layer) const { return PerLayer::GetOverConsolidationRatio(LayerLookup(*this), layer); }
-double Terrix::GetAPIJFactor(const Layer& layer) const { return PerLayer::GetAPIJFactor(LayerLookup(*this), layer); }
-bool Terrix::GetOpenGap(const Layer& layer) const { return PerLayer::GetOpenGap(LayerLookup(*this), layer); }
-double Terrix::GetRPRatio(const Layer& layer) const { return PerLayer::GetRPRatio(LayerLookup(*this), layer); }
-Quantity<LengthPhenomenon> Terrix::GetTZCurveZDisplacement(const Layer& layer) const { return PerLayer::GetTZCurveZDisplacement(LayerLookup(*this), layer); }
-Quantity<ForcePerUnitVolumePhenomenon> Terrix::GetLayerUnitWeight(const Layer& layer) const { return PerLayer::GetLayerUnitWeight(LayerLookup(*this), layer); }
-boost::optional<Quantity<ForcePerUnitVolumePhenomenon>> Terrix::GetInitialModulus(const Layer& layer) const { return PerLayer::GetInitialModulus(LayerLookup(*this), layer); }
-boost::optional<Quantity<ForcePerUnitAreaPhenomenon>> Terrix::GetInitialSoilShearModulus(const Layer& layer) const { return PerLayer::GetInitialSoilShearModulus(LayerLookup(*this), layer); }
-boost::optional<double> Terrix::GetDSDiameterRatio(const Layer& layer) const { return PerLayer::GetDSDiameterRatio(LayerLookup(*this), layer); }
-boost::optional<double> Terrix::GetPoissonRatio(const Layer& layer) const { return PerLayer::GetPoissonRatio(LayerLookup(*this), layer); }
-boost::optional<double> Terrix::GetDTDiameterRatio(const Layer& layer) const { return PerLayer::GetDTDiameterRatio(LayerLookup(*this), layer); }
-Terrix::StressByLevel Terrix::GetSUz(const Layer& layer) const { return PerLayer::GetSUz(LayerLookup(*this), layer); }
-Terrix::StressByLevel Terrix::GetSkinCompression(const Layer& layer) const { return PerLayer::GetSkinCompression(LayerLookup(*this), layer); }
-Terrix::StressByLevel Terrix::GetSkinTension(const Layer& layer) const { return PerLayer::GetSkinTension(LayerLookup(*this), layer); }
-Terrix::StressByLevel Terrix::GetTipResistance(const Layer& layer) const { return PerLayer::GetTipResistance(LayerLookup(*this), layer); }
-PyData Terrix::GetPyData(const Layer& layer) const { return PerLayer::GetPyData(LayerLookup(*this), layer); }
-TzData Terrix::GetTzData(const Layer& layer) const { return PerLayer::GetTzData(LayerLookup(*this), layer); }
-QzData Terrix::GetQzData(const Layer& layer) const { return PerLayer::GetQzData(LayerLookup(*this), layer); }
-MThetaData Terrix::GetMthetaData(const Layer& layer) const { return PerLayer::GetMthetaData(LayerLookup(*this), layer); }
-BSYData Terrix::GetBSyData(const Layer& layer) const { return PerLayer::GetBSyData(LayerLookup(*this), layer); }
-BMThetaData Terrix::GetBMthetaData(const Layer& layer) const { return PerLayer::GetBMthetaData(LayerLookup(*this), layer); }
+Terrix::SoilType Terrix::GetSoilType(const Layer& layer) const {
+    return PerLayer::GetSoilType(LayerLookup(*this), layer);
+}
+Quantity<AnglePhenomenon> Terrix::GetPhi(const Layer& layer) const {
+    return PerLayer::GetPhi(LayerLookup(*this), layer);
+}
+double Terrix::GetEpsc(const Layer& layer) const {
+    return PerLayer::GetEpsc(LayerLookup(*this), layer);
+}
+boost::optional<double> Terrix::GetOverConsolidationRatio(const Layer& layer) const {
+    return PerLayer::GetOverConsolidationRatio(LayerLookup(*this), layer);
+}
+double Terrix::GetAPIJFactor(const Layer& layer) const {
+    return PerLayer::GetAPIJFactor(LayerLookup(*this), layer);
+}
+bool Terrix::GetOpenGap(const Layer& layer) const {
+    return PerLayer::GetOpenGap(LayerLookup(*this), layer);
+}
+double Terrix::GetRPRatio(const Layer& layer) const {
+    return PerLayer::GetRPRatio(LayerLookup(*this), layer);
+}
+Quantity<LengthPhenomenon> Terrix::GetTZCurveZDisplacement(const Layer& layer) const {
+    return PerLayer::GetTZCurveZDisplacement(LayerLookup(*this), layer);
+}
+Quantity<ForcePerUnitVolumePhenomenon> Terrix::GetLayerUnitWeight(const Layer& layer) const {
+    return PerLayer::GetLayerUnitWeight(LayerLookup(*this), layer);
+}
+boost::optional<Quantity<ForcePerUnitVolumePhenomenon>> Terrix::GetInitialModulus(const Layer& layer) const {
+    return PerLayer::GetInitialModulus(LayerLookup(*this), layer);
+}
+boost::optional<Quantity<ForcePerUnitAreaPhenomenon>> Terrix::GetInitialSoilShearModulus(const Layer& layer) const {
+    return PerLayer::GetInitialSoilShearModulus(LayerLookup(*this), layer);
+}
+boost::optional<double> Terrix::GetDSDiameterRatio(const Layer& layer) const {
+    return PerLayer::GetDSDiameterRatio(LayerLookup(*this), layer);
+}
+boost::optional<double> Terrix::GetPoissonRatio(const Layer& layer) const {
+    return PerLayer::GetPoissonRatio(LayerLookup(*this), layer);
+}
+boost::optional<double> Terrix::GetDTDiameterRatio(const Layer& layer) const {
+    return PerLayer::GetDTDiameterRatio(LayerLookup(*this), layer);
+}
+Terrix::StressByLevel Terrix::GetSUz(const Layer& layer) const {
+    return PerLayer::GetSUz(LayerLookup(*this), layer);
+}
+Terrix::StressByLevel Terrix::GetSkinCompression(const Layer& layer) const {
+    return PerLayer::GetSkinCompression(LayerLookup(*this), layer);
+}
+Terrix::StressByLevel Terrix::GetSkinTension(const Layer& layer) const {
+    return PerLayer::GetSkinTension(LayerLookup(*this), layer);
+}
+Terrix::StressByLevel Terrix::GetTipResistance(const Layer& layer) const {
+    return PerLayer::GetTipResistance(LayerLookup(*this), layer);
+}
+PyData Terrix::GetPyData(const Layer& layer) const {
+    return PerLayer::GetPyData(LayerLookup(*this), layer);
+}
+TzData Terrix::GetTzData(const Layer& layer) const {
+    return PerLayer::GetTzData(LayerLookup(*this), layer);
+}
+QzData Terrix::GetQzData(const Layer& layer) const {
+    return PerLayer::GetQzData(LayerLookup(*this), layer);
+}
+MThetaData Terrix::GetMthetaData(const Layer& layer) const {
+    return PerLayer::GetMthetaData(LayerLookup(*this), layer);
+}
+BSYData Terrix::GetBSyData(const Layer& layer) const {
+    return PerLayer::GetBSyData(LayerLookup(*this), layer);
+}
+BMThetaData Terrix::GetBMthetaData(const Layer& layer) const {
+    return PerLayer::GetBMthetaData(LayerLookup(*this), layer);
+}
 
 }  // namespace TerrixExchange

@@ -56,8 +56,8 @@ public:
     // numbered layer, as `section.IndexRecords` finds them; empty when the
     // section has none for it.
     template <class Kind>
-    typename BasicManualCurveSection<Kind>::RecordsOfLayer ManualCurves(
-        const BasicManualCurveSection<Kind>& section, const Layer& layer) const;
+    typename BasicManualCurveSection<Kind>::RecordsOfLayer ManualCurves(const BasicManualCurveSection<Kind>& section,
+                                                                        const Layer& layer) const;
 
     // What `section.FindFirstRows` gives for the layer's first numbered
     // layer at each of the profile's pile diameters.
@@ -100,9 +100,10 @@ bool GetOpenGap(const LayerLookup& lookup, const Layer& layer);
 double GetRPRatio(const LayerLookup& lookup, const Layer& layer);
 Quantity<LengthPhenomenon> GetTZCurveZDisplacement(const LayerLookup& lookup, const Layer& layer);
 Quantity<ForcePerUnitVolumePhenomenon> GetLayerUnitWeight(const LayerLookup& lookup, const Layer& layer);
-boost::optional<Quantity<ForcePerUnitVolumePhenomenon>> GetInitialModulus(const LayerLookup& lookup, const Layer& layer);
+boost::optional<Quantity<ForcePerUnitVolumePhenomenon>> GetInitialModulus(const LayerLookup& lookup,
+                                                                          const Layer& layer);
 boost::optional<Quantity<ForcePerUnitAreaPhenomenon>> GetInitialSoilShearModulus(const LayerLookup& lookup,
-                                                                               const Layer& layer);
+                                                                                 const Layer& layer);
 boost::optional<double> GetDSDiameterRatio(const LayerLookup& lookup, const Layer& layer);
 boost::optional<double> GetPoissonRatio(const LayerLookup& lookup, const Layer& layer);
 boost::optional<double> GetDTDiameterRatio(const LayerLookup& lookup, const Layer& layer);

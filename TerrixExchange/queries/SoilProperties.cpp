@@ -70,7 +70,8 @@ double PerLayer::GetEpsc(const LayerLookup& lookup, const Layer& layer) {
 
 boost::optional<double> PerLayer::GetOverConsolidationRatio(const LayerLookup& lookup, const Layer& layer) {
     return ByVersion(
-        lookup.GetProfile().GetVersion(), [&]() -> boost::optional<double> { return SoilTypeRecord(lookup, layer).OCR; },
+        lookup.GetProfile().GetVersion(),
+        [&]() -> boost::optional<double> { return SoilTypeRecord(lookup, layer).OCR; },
         // The main layer table has no OCR column.
         []() -> boost::optional<double> { return boost::none; });
 }

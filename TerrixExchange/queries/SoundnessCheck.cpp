@@ -156,8 +156,8 @@ void CheckLevels(const Terrix& profile, Findings& findings) {
         for (std::size_t i = 1; i < rows.size(); ++i)
             if (!(rows[i - 1].ZLEV < rows[i].ZLEV))
                 findings.Warning(findings.Row(skinFrictionTitle, i),
-                                 "level row ZLEV " + findings.InFile(rows[i].ZLEV) + " is not below the row above it, " +
-                                     findings.InFile(rows[i - 1].ZLEV) +
+                                 "level row ZLEV " + findings.InFile(rows[i].ZLEV) +
+                                     " is not below the row above it, " + findings.InFile(rows[i - 1].ZLEV) +
                                      ": the rows are out of depth order and lookups follow file order");
     } else if (profile.GetVersion() == Version::V5) {
         CheckBottoms(data.soilMainLayersAndPropertiesSection.records, mainLayersTitle, findings, surface);

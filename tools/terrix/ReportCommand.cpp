@@ -205,7 +205,8 @@ private:
 
     // Properties the library gives against level (maps from level to
     // stress), drawn through each layer from its top to its bottom.
-    std::string Levels(const std::string& title, const std::vector<std::pair<const char*, const char*>>& queries) const {
+    std::string Levels(const std::string& title,
+                       const std::vector<std::pair<const char*, const char*>>& queries) const {
         Svg::Chart chart = NewChart(title, WithUnit(title, units_.Name(stress)), 200);
         std::size_t index = 0;
         for (const auto& [query, label] : queries) {
@@ -241,8 +242,9 @@ private:
 };
 
 std::string LayerName(long long first, unsigned long long count) {
-    return count <= 1 ? "Layer " + std::to_string(first)
-                      : "Layers " + std::to_string(first) + "-" + std::to_string(first + static_cast<long long>(count) - 1);
+    return count <= 1
+               ? "Layer " + std::to_string(first)
+               : "Layers " + std::to_string(first) + "-" + std::to_string(first + static_cast<long long>(count) - 1);
 }
 
 std::string LayerName(const Json& layer) {
