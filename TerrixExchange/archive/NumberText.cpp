@@ -206,15 +206,21 @@ bool ToDouble(const Decimal& decimal, double& value) {
     return true;
 }
 
+// Below this, a factor or divisor times ten plus a digit fits 64 bits, and
+// the digit loops run in 64-bit integers, whose division by ten the
+// processor does; in 128 bits each step is a call.
+const Wide narrowLimit = Wide{1} << 59;
+
 // decimal x factor, exactly. The digits are worked out from the last one and
 // each is written once, so the time is linear in the number of digits.
-Decimal Multiply(const Decimal& decimal, Wide factor) {
+template <class Integer>
+Decimal MultiplyIn(const Decimal& decimal, Integer factor) {
     const std::size_t count = decimal.digits.size();
     std::string digits(count + 40, '0');
     std::size_t out = digits.size();
-    Wide carry = 0;
+    Integer carry = 0;
     for (std::size_t i = count; i-- > 0;) {
-        const Wide step = static_cast<Wide>(decimal.digits[i] - '0') * factor + carry;
+        const Integer step = static_cast<Integer>(decimal.digits[i] - '0') * factor + carry;
         digits[--out] = static_cast<char>('0' + static_cast<int>(step % 10));
         carry = step / 10;
     }
@@ -230,18 +236,24 @@ Decimal Multiply(const Decimal& decimal, Wide factor) {
     return product;
 }
 
+Decimal Multiply(const Decimal& decimal, Wide factor) {
+    if (factor < narrowLimit) return MultiplyIn<std::uint64_t>(decimal, static_cast<std::uint64_t>(factor));
+    return MultiplyIn<Wide>(decimal, factor);
+}
+
 // decimal / divisor to `count` significant digits, by long division from the
 // first digit; a last digit 1 stands for any remainder, so that the digits
 // never fall on a rounding boundary that the exact quotient does not.
-Decimal Divide(const Decimal& decimal, Wide divisor, std::size_t count) {
+template <class Integer>
+Decimal DivideIn(const Decimal& decimal, Integer divisor, std::size_t count) {
     Decimal quotient;
     quotient.negative = decimal.negative;
-    Wide remainder = 0;
+    Integer remainder = 0;
     std::size_t i = 0;
     for (;; ++i) {
         const bool pastDigits = i >= decimal.digits.size();
         if (quotient.digits.size() >= count || (pastDigits && remainder == 0)) break;
-        remainder = remainder * 10 + (pastDigits ? 0 : static_cast<Wide>(decimal.digits[i] - '0'));
+        remainder = remainder * 10 + (pastDigits ? 0 : static_cast<Integer>(decimal.digits[i] - '0'));
         const int digit = static_cast<int>(remainder / divisor);
         remainder %= divisor;
         // The quotient digit of step i stands for 10^(exponent - i).
@@ -252,6 +264,11 @@ Decimal Divide(const Decimal& decimal, Wide divisor, std::size_t count) {
     if (quotient.digits.empty()) quotient.digits = "0";
     Normalize(quotient);
     return quotient;
+}
+
+Decimal Divide(const Decimal& decimal, Wide divisor, std::size_t count) {
+    if (divisor < narrowLimit) return DivideIn<std::uint64_t>(decimal, static_cast<std::uint64_t>(divisor), count);
+    return DivideIn<Wide>(decimal, divisor, count);
 }
 
 // A whole number of any size, little-endian in 32-bit limbs: just what the
@@ -555,6 +572,16 @@ int CompareScaled(FixedNatural a, int aExponent, FixedNatural b, int bExponent, 
     return Compare(a, b);
 }
 
+// The neighbour of a positive normal double below the largest, one step
+// down (-1) or up (1): the next bit pattern.
+double NextPositive(double value, int direction) {
+    std::uint64_t bits = 0;
+    std::memcpy(&bits, &value, sizeof bits);
+    bits = direction < 0 ? bits - 1 : bits + 1;
+    std::memcpy(&value, &bits, sizeof value);
+    return value;
+}
+
 // 10^0 to 10^27, each exact in 64 bits (5^27 is below 2^64).
 struct PowersOfTen {
     long double values[28];
@@ -586,9 +613,8 @@ bool NearestInExtendedPrecision(std::uint64_t mantissa, long exponent, const Uni
                 static_cast<long double>(scale.size.denominator);
         const double nearest = static_cast<double>(exact);
         if (!(nearest > 1e-290 && nearest < 1e290)) return false;
-        const long double below = (static_cast<long double>(nearest) + std::nextafter(nearest, 0.0)) / 2;
-        const long double above =
-            (static_cast<long double>(nearest) + std::nextafter(nearest, std::numeric_limits<double>::max())) / 2;
+        const long double below = (static_cast<long double>(nearest) + NextPositive(nearest, -1)) / 2;
+        const long double above = (static_cast<long double>(nearest) + NextPositive(nearest, 1)) / 2;
         const long double margin = exact * 0x1p-59L;
         if (!(exact - margin > below && exact + margin < above)) return false;
         value = nearest;
