@@ -73,7 +73,6 @@ py::str Text(const std::string& text) { return py::str(JsonText(text).get_ref<co
 
 // ---- Answers as Python values -------------------------------------------
 
-py::object ToPython(py::object value) { return value; }
 py::object ToPython(double value) { return py::float_(value); }
 py::object ToPython(bool value) { return py::bool_(value); }
 py::object ToPython(std::uint64_t value) { return py::int_(value); }
@@ -322,18 +321,7 @@ PYBIND11_MODULE(_terrix, module) {
         .def_property_readonly("layer_count", [](const LayerHandle& h) { return h.layer.layerCount; })
         .def_property_readonly("z_top", [](const LayerHandle& h) { return h.layer.zTop.GetValue(); })
         .def_property_readonly("z_bottom", [](const LayerHandle& h) { return h.layer.zBottom.GetValue(); })
-        .def("answer", &Answer, "The answer of the per-layer query NAME; raises its error")
-        .def(
-            "answers",
-            [](const LayerHandle& handle, const std::vector<std::string>& names) {
-                py::list answers;
-                for (const std::string& name : names) {
-                    const LayerQuery& query = LayerQueryNamed(name);
-                    answers.append(AnswerOrError([&] { return query(handle.profile.Profile(), handle.layer); }));
-                }
-                return answers;
-            },
-            "The answers of the queries NAMES, a failed one as its RuntimeError");
+        .def("answer", &Answer, "The answer of the per-layer query NAME; raises its error");
 
     py::class_<ProfileHandle>(module, "Profile")
         .def_property_readonly("version",

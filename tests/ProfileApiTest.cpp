@@ -123,11 +123,11 @@ TEST(ProfileApi, AManualCurveIsTheFirstOfExactlyItsLayerAndDiameter) {
     // only when required.
     section.records.insert(section.records.begin(), {3, Length(std::nan("")), {1.0}, {1.0}});
     const std::vector<Length> diameters = {Length(2.0), Length(std::nan("")), Length(1.0)};
-    const auto index = section.IndexRecords(nullptr);
-    const auto curves = section.GetManualCurves(&index.at(3), diameters, false);
+    const auto ofLayer = section.FindRecordsOfLayer(3);
+    const auto curves = section.GetManualCurves(ofLayer, diameters, false);
     ASSERT_EQ(curves.size(), 1u);
     EXPECT_EQ(curves.at(Length(2.0)), section.GetManualCurve(3, Length(2.0)));
-    EXPECT_EQ(ErrorOf([&] { section.GetManualCurves(&index.at(3), diameters, true); }), "Manual PY curve not defined");
+    EXPECT_EQ(ErrorOf([&] { section.GetManualCurves(ofLayer, diameters, true); }), "Manual PY curve not defined");
     PyLateralResistanceDataModificationSection rows;
     rows.records = {Row<PyLateralResistanceDataModificationSectionRecord>(1, 5, 2.0),
                     Row<PyLateralResistanceDataModificationSectionRecord>(3, 3, 0.0)};

@@ -56,11 +56,12 @@ inline std::string TestData(const std::string& name) { return FileText(TERRIX_TE
 inline std::string ExampleFileText(const std::string& name) { return FileText(TERRIX_EXAMPLES_DIR "/" + name); }
 inline std::string CaseText(const std::string& name) { return FileText(TERRIX_TEST_CASES_DIR "/" + name); }
 
-// The paths of the TERRIX texts of a folder of tests/cases, in order.
-inline std::vector<std::string> CaseTexts(const std::string& folder) {
+// The paths of the TERRIX texts (or of the files with another extension)
+// of a folder of tests/cases, in order.
+inline std::vector<std::string> CaseTexts(const std::string& folder, const std::string& extension = ".terrix") {
     std::vector<std::string> paths;
     for (const auto& entry : std::filesystem::directory_iterator(TERRIX_TEST_CASES_DIR "/" + folder))
-        if (entry.path().extension() == ".terrix") paths.push_back(entry.path().string());
+        if (entry.path().extension() == extension) paths.push_back(entry.path().string());
     std::sort(paths.begin(), paths.end());
     return paths;
 }

@@ -601,13 +601,14 @@ constexpr PowersOfTen exactPowersOfTen = ExactPowersOfTen();
 // lies within 2^-61 of the exact value, relatively. Unless that leaves it
 // near the point halfway between two doubles, the double nearest to it is
 // the double nearest to the exact value; false when it might not be.
-bool NearestInExtendedPrecision(std::uint64_t mantissa, long exponent, const UnitScale& scale, double& value) {
+bool NearestInExtendedPrecision(const ShortDecimal& decimal, const UnitScale& scale, double& value) {
     if constexpr (std::numeric_limits<long double>::digits < 64) {
         return false;
     } else {
+        const long exponent = decimal.exponent;
         if (exponent > 27 || exponent < -27) return false;
         const long double power = exactPowersOfTen.values[exponent < 0 ? -exponent : exponent];
-        long double exact = static_cast<long double>(mantissa);
+        long double exact = static_cast<long double>(decimal.mantissa);
         exact = exponent < 0 ? exact / power : exact * power;
         exact = exact * static_cast<long double>(scale.size.numerator) /
                 static_cast<long double>(scale.size.denominator);
@@ -617,7 +618,7 @@ bool NearestInExtendedPrecision(std::uint64_t mantissa, long exponent, const Uni
         const long double above = (static_cast<long double>(nearest) + NextPositive(nearest, 1)) / 2;
         const long double margin = exact * 0x1p-59L;
         if (!(exact - margin > below && exact + margin < above)) return false;
-        value = nearest;
+        value = decimal.negative ? -nearest : nearest;
         return true;
     }
 }
@@ -626,12 +627,12 @@ bool NearestInExtendedPrecision(std::uint64_t mantissa, long exponent, const Uni
 // d1.d2...dn x 10^exponent); false when that does not decide its double.
 bool ReadInExtendedPrecision(const Decimal& decimal, const UnitScale& scale, double& value) {
     if (decimal.digits.size() > 19) return false;
-    std::uint64_t mantissa = 0;
-    for (const char digit : decimal.digits) mantissa = mantissa * 10 + static_cast<std::uint64_t>(digit - '0');
-    const long exponent = decimal.exponent - static_cast<long>(decimal.digits.size()) + 1;
-    if (!NearestInExtendedPrecision(mantissa, exponent, scale, value)) return false;
-    if (decimal.negative) value = -value;
-    return true;
+    ShortDecimal shortDecimal;
+    shortDecimal.negative = decimal.negative;
+    for (const char digit : decimal.digits)
+        shortDecimal.mantissa = shortDecimal.mantissa * 10 + static_cast<std::uint64_t>(digit - '0');
+    shortDecimal.exponent = decimal.exponent - static_cast<long>(decimal.digits.size()) + 1;
+    return NearestInExtendedPrecision(shortDecimal, scale, value);
 }
 
 // M x 10^E x numerator / denominator, rounded once to the nearest double, for
@@ -647,11 +648,7 @@ bool ParseShortInRatio(const char* first, const char* last, const UnitScale& sca
         value = negative ? -0.0 : 0.0;
         return true;
     }
-    double nearest = 0.0;
-    if (NearestInExtendedPrecision(mantissa, exponent, scale, nearest)) {
-        value = negative ? -nearest : nearest;
-        return true;
-    }
+    if (NearestInExtendedPrecision(decimal, scale, value)) return true;
     // The written number rounded once, times the unit's size rounded once: a
     // guess within a few doubles of the result, which is walked to at most
     // eight steps (anything else is left to the way of digit strings).

@@ -61,8 +61,7 @@ const std::vector<Quantity<LengthPhenomenon>>& Diameters(const LayerLookup& look
 // when `required` and is left out otherwise.
 template <class ManualSection>
 auto ManualCurvesOf(const LayerLookup& lookup, const ManualSection& section, const Layer& layer, bool required) {
-    const auto records = lookup.ManualCurves(section, layer);
-    return section.GetManualCurves(&records, Diameters(lookup), required);
+    return section.GetManualCurves(lookup.ManualCurves(section, layer), Diameters(lookup), required);
 }
 
 // For every diameter, the factors of the first row that covers the layer at

@@ -288,10 +288,8 @@ LayerLookup::EqualRange(const SkinFrictionAndTipResistanceSectionV4& section, co
 template <class Kind>
 typename BasicManualCurveSection<Kind>::RecordsOfLayer LayerLookup::ManualCurves(
     const BasicManualCurveSection<Kind>& section, const Layer& layer) const {
-    if (index_ == nullptr || std::get<CurveIndex<Kind>>(index_->manualCurves).section != &section) {
-        auto scanned = section.IndexRecords(&layer.firstLayer);
-        return scanned.empty() ? typename BasicManualCurveSection<Kind>::RecordsOfLayer() : scanned.begin()->second;
-    }
+    if (index_ == nullptr || std::get<CurveIndex<Kind>>(index_->manualCurves).section != &section)
+        return section.FindRecordsOfLayer(layer.firstLayer);
     const auto& records = std::get<CurveIndex<Kind>>(index_->manualCurves).records;
     const auto ofLayer = std::equal_range(records.begin(), records.end(), layer.firstLayer, LayerOrder<Kind>());
     typename BasicManualCurveSection<Kind>::RecordsOfLayer curves;

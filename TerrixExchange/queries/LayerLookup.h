@@ -53,7 +53,7 @@ public:
     EqualRange(const SkinFrictionAndTipResistanceSectionV4& section, const Layer& layer) const;
 
     // The first manual curve of each diameter given for the layer's first
-    // numbered layer, as `section.IndexRecords` finds them; empty when the
+    // numbered layer, as `section.FindRecordsOfLayer` finds them; empty when the
     // section has none for it.
     template <class Kind>
     typename BasicManualCurveSection<Kind>::RecordsOfLayer ManualCurves(const BasicManualCurveSection<Kind>& section,

@@ -83,35 +83,28 @@ public:
         return CurveOf(*record);
     }
 
-    // The first record of each layer and diameter, found in one pass over
-    // the records: of one layer, or of all when `layer` is null. A query
-    // that asks many layers builds it once for the whole call.
+    // The first record of each diameter given for the layer, found in one
+    // pass over the records (a record whose diameter is no number has none).
     using RecordsOfLayer = std::map<Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>, const Record*>;
-    using RecordIndex = std::map<int, RecordsOfLayer>;
-    RecordIndex IndexRecords(const int* layer) const {
-        RecordIndex index;
+    RecordsOfLayer FindRecordsOfLayer(int layer) const {
+        RecordsOfLayer found;
         for (const Record& record : records)
-            if ((layer == nullptr || record.LAY == *layer) && IsNumber(record.DIAM))
-                index[record.LAY].emplace(record.DIAM, &record);
-        return index;
+            if (record.LAY == layer && IsNumber(record.DIAM)) found.emplace(record.DIAM, &record);
+        return found;
     }
     // What GetManualCurve gives for each of `diameters`, from the records of
-    // the layer so found (null: none) instead of one pass over the records
-    // per diameter. A diameter without a curve throws as GetManualCurve does
-    // when `required`, and is left out otherwise.
+    // the layer so found instead of one pass over the records per diameter.
+    // A diameter without a curve throws as GetManualCurve does when
+    // `required`, and is left out otherwise.
     std::map<Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>, Curve> GetManualCurves(
-        const RecordsOfLayer* layerRecords,
+        const RecordsOfLayer& layerRecords,
         const std::vector<Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>>& diameters,
         bool required) const {
         std::map<Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>, Curve> curves;
         for (const auto& diameter : diameters) {
-            const Record* record = nullptr;
-            if (layerRecords != nullptr && IsNumber(diameter)) {
-                const auto found = layerRecords->find(diameter);
-                if (found != layerRecords->end()) record = found->second;
-            }
-            if (record != nullptr)
-                curves[diameter] = CurveOf(*record);
+            const auto found = IsNumber(diameter) ? layerRecords.find(diameter) : layerRecords.end();
+            if (found != layerRecords.end())
+                curves[diameter] = CurveOf(*found->second);
             else if (required)
                 throw std::runtime_error(Kind::missingCurve);
         }

@@ -5,7 +5,6 @@
 // element, in order, each again an excerpt; any other value is exact. A new
 // case is two files.
 
-#include <algorithm>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -61,12 +60,9 @@ Keys KeysOf(const Json& object) {
 }  // namespace
 
 TEST_F(DumpCasesTest, EachTextDumpsWhatItsExcerptSays) {
-    std::vector<fs::path> excerpts;
-    for (const auto& entry : fs::directory_iterator(fs::path(TERRIX_TEST_CASES_DIR) / "dump"))
-        if (entry.path().extension() == ".json") excerpts.push_back(entry.path());
-    std::sort(excerpts.begin(), excerpts.end());
+    const std::vector<std::string> excerpts = TerrixExchange::Testing::CaseTexts("dump", ".json");
     ASSERT_FALSE(excerpts.empty());
-    for (const fs::path& excerpt : excerpts) {
+    for (const fs::path excerpt : excerpts) {
         SCOPED_TRACE(excerpt.filename().string());
         const fs::path name = excerpt.stem();
         const std::string text = (excerpt.parent_path() / name.stem()).string() + ".terrix";

@@ -6,7 +6,6 @@
 // files, and a third, NAME.args, when the case needs options of check
 // ("--units lbf ft").
 
-#include <algorithm>
 #include <filesystem>
 #include <sstream>
 #include <string>
@@ -33,12 +32,9 @@ std::string WithFileNamed(std::string text, const std::string& file) {
 }  // namespace
 
 TEST_F(StrictCasesTest, EachFileHasTheFindingsItsCaseSays) {
-    std::vector<fs::path> cases;
-    for (const auto& entry : fs::directory_iterator(fs::path(TERRIX_TEST_CASES_DIR) / "strict"))
-        if (entry.path().extension() == ".terrix") cases.push_back(entry.path());
-    std::sort(cases.begin(), cases.end());
+    const std::vector<std::string> cases = TerrixExchange::Testing::CaseTexts("strict");
     ASSERT_GE(cases.size(), 10u);
-    for (const fs::path& file : cases) {
+    for (const fs::path file : cases) {
         SCOPED_TRACE(file.filename().string());
         const std::string expected = ReadFile(fs::path(file).replace_extension(".findings"));
         std::vector<std::string> options;

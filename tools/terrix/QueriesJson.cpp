@@ -52,57 +52,50 @@ Json FactorsJson(const Modification& modification) {
     return factors;
 }
 
-// The curves and factors per pile diameter, in ascending diameter.
-template <class Curves, class Modifications>
-void AddCurvesAndModifications(const Curves& manualCurves, const Modifications& modifications, Json& json) {
+// Curve data start with their code, for the kinds that have one.
+template <class Curve, class Modification>
+Json CodeJson(const BasicCodedCurveData<Curve, Modification>& data) {
+    return Json{{"code", data.code}};
+}
+
+template <class Curve, class Modification>
+Json CodeJson(const BasicCurveData<Curve, Modification>&) {
+    return Json::object();
+}
+
+// Curve data: the code, then the curves and the factors per pile diameter,
+// in ascending diameter.
+template <class Data, class = std::enable_if_t<IsCurveData<Data>::value>>
+Json JsonOf(const Data& data) {
+    Json json = CodeJson(data);
     Json curves = Json::array();
-    for (const auto& [diameter, curve] : manualCurves)
+    for (const auto& [diameter, curve] : data.manualCurves)
         curves.push_back(Json{{"diameter", JsonNumber(diameter)}, {"points", JsonOf(curve.points)}});
     Json factors = Json::array();
-    for (const auto& [diameter, modification] : modifications)
+    for (const auto& [diameter, modification] : data.modifications)
         factors.push_back(Json{{"diameter", JsonNumber(diameter)}, {"factors", FactorsJson(modification)}});
     json["manualCurves"] = curves;
     json["modifications"] = factors;
-}
-
-template <class Curve, class Modification>
-Json JsonOf(const BasicCodedCurveData<Curve, Modification>& data) {
-    Json json{{"code", data.code}};
-    AddCurvesAndModifications(data.manualCurves, data.modifications, json);
     return json;
 }
 
-template <class Curve, class Modification>
-Json JsonOf(const BasicCurveData<Curve, Modification>& data) {
-    Json json = Json::object();
-    AddCurvesAndModifications(data.manualCurves, data.modifications, json);
-    return json;
-}
-
-// Curve data in brief: the code, and the diameters of the curves and of the
-// factors.
-template <class Map>
-Json DiametersOf(const Map& byDiameter) {
-    Json diameters = Json::array();
-    for (const auto& entry : byDiameter) diameters.push_back(JsonNumber(entry.first));
-    return diameters;
-}
-
-template <class Curve, class Modification>
-Json BriefJsonOf(const BasicCodedCurveData<Curve, Modification>& data) {
-    return Json{{"code", data.code},
-                {"manualCurves", DiametersOf(data.manualCurves)},
-                {"modifications", DiametersOf(data.modifications)}};
-}
-
-template <class Curve, class Modification>
-Json BriefJsonOf(const BasicCurveData<Curve, Modification>& data) {
-    return Json{{"manualCurves", DiametersOf(data.manualCurves)}, {"modifications", DiametersOf(data.modifications)}};
-}
-
+// An answer as the report's table needs it: curve data in brief, the code
+// and the diameters of the curves and of the factors; any other answer whole.
 template <class Answer>
 Json BriefJsonOf(const Answer& answer) {
-    return JsonOf(answer);
+    if constexpr (IsCurveData<Answer>::value) {
+        auto diametersOf = [](const auto& byDiameter) {
+            Json diameters = Json::array();
+            for (const auto& entry : byDiameter) diameters.push_back(JsonNumber(entry.first));
+            return diameters;
+        };
+        Json json = CodeJson(answer);
+        json["manualCurves"] = diametersOf(answer.manualCurves);
+        json["modifications"] = diametersOf(answer.modifications);
+        return json;
+    } else {
+        return JsonOf(answer);
+    }
 }
 
 // Adds `key`: the answer of a getter of the profile, asked with `arguments`.

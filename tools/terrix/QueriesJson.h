@@ -4,6 +4,10 @@
 // parameters and the computational layers with every per-layer answer. The
 // dump writes it; show prints it for people, so the two always agree.
 
+#include <type_traits>
+#include <utility>
+#include <vector>
+
 #include <TerrixExchange/archive/SourceLines.h>
 #include <TerrixExchange/document/Terrix.h>
 
@@ -34,6 +38,13 @@ Json LayersJson(const TerrixExchange::Terrix& profile, const TerrixExchange::Sou
 // layers asked (empty when they are an error).
 Json LayersJsonInBrief(const TerrixExchange::Terrix& profile, const TerrixExchange::SourceLines& lines, bool split,
                        std::vector<TerrixExchange::Layer>& layers);
+
+// Whether an answer is curve data: manual curves and modifications per pile
+// diameter.
+template <class Answer, class = void>
+struct IsCurveData : std::false_type {};
+template <class Answer>
+struct IsCurveData<Answer, std::void_t<decltype(std::declval<Answer>().manualCurves)>> : std::true_type {};
 
 // The six kinds of curve data of a layer, in the order of LayersJson: the
 // key of its answer ("PyData", ..., "BMthetaData"), its name for people

@@ -107,6 +107,16 @@ std::string WithUnit(const std::string& name, const std::string& unit) {
     return unit.empty() ? name : name + " [" + unit + "]";
 }
 
+// The numbered layers a layer covers: "5", "1-4".
+std::string NumberedLayers(long long first, unsigned long long count) {
+    return count <= 1 ? std::to_string(first)
+                      : std::to_string(first) + "-" + std::to_string(first + static_cast<long long>(count) - 1);
+}
+
+std::string NumberedLayers(const Json& layer) {
+    return NumberedLayers(layer["firstLayer"].get<long long>(), layer["layerCount"].get<unsigned long long>());
+}
+
 // The value of `pairs` ([level, value] in ascending level) at level `z`,
 // along the straight lines between them, the end lines carried on beyond.
 double AtLevel(const Json& pairs, double z) {
@@ -227,12 +237,6 @@ private:
         return chart.Render("depth");
     }
 
-    static std::string NumberedLayers(const Json& layer) {
-        const long long first = layer["firstLayer"].get<long long>();
-        const long long count = layer["layerCount"].get<long long>();
-        return count <= 1 ? std::to_string(first) : std::to_string(first) + "-" + std::to_string(first + count - 1);
-    }
-
     const Json& layers_;
     const Json& parameters_;
     const FileUnits& units_;
@@ -241,21 +245,10 @@ private:
     double bottom_;
 };
 
-std::string LayerName(long long first, unsigned long long count) {
-    return count <= 1
-               ? "Layer " + std::to_string(first)
-               : "Layers " + std::to_string(first) + "-" + std::to_string(first + static_cast<long long>(count) - 1);
+// "Layer 5", "Layers 1-4": the heading of a layer's curves.
+std::string LayerName(const Layer& layer) {
+    return (layer.layerCount <= 1 ? "Layer " : "Layers ") + NumberedLayers(layer.firstLayer, layer.layerCount);
 }
-
-std::string LayerName(const Json& layer) {
-    return LayerName(layer["firstLayer"].get<long long>(), layer["layerCount"].get<unsigned long long>());
-}
-
-// Curve data are the answers with manual curves and modifications.
-template <class Answer, class = void>
-struct IsCurveData : std::false_type {};
-template <class Answer>
-struct IsCurveData<Answer, std::void_t<decltype(std::declval<Answer>().manualCurves)>> : std::true_type {};
 
 const CurveKind& CurveKindNamed(const std::string& name) {
     for (const CurveKind& kind : CurveKinds())
@@ -312,7 +305,7 @@ void AddCurvesOfLayers(const Terrix& profile, const std::vector<Layer>& layers, 
     std::string factors;
     auto addLayer = [&] {
         if (current != nullptr && !charts.empty()) {
-            html += "<h4>" + LayerName(current->firstLayer, current->layerCount) + "</h4><div class=\"plots\">";
+            html += "<h4>" + LayerName(*current) + "</h4><div class=\"plots\">";
             html += charts;
             html += "</div>";
             if (!factors.empty())
@@ -377,7 +370,7 @@ void AddLayerTable(const Json& layers, const FileUnits& units, bool isVersion5, 
     }
     html += "</tr>";
     for (const Json& layer : layers) {
-        html += "<tr><td>" + LayerName(layer).substr(LayerName(layer).find(' ') + 1) + "</td><td>" +
+        html += "<tr><td>" + NumberedLayers(layer) + "</td><td>" +
                 std::to_string(layer["mainLayer"].get<long long>()) + "</td><td>" +
                 units.Number(layer["zTop"], length, valueWidth) + "</td><td>" +
                 units.Number(layer["zBottom"], length, valueWidth) + "</td>";
