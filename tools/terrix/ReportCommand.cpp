@@ -285,8 +285,9 @@ void DrawCurveData(const CurveKind& kind, const Data& data, const FileUnits& uni
     charts += chart.Render("curve");
     for (const auto& [diameter, modification] : data.modifications) {
         std::string list;
-        std::apply([&](const auto&... factor) { ((list += (list.empty() ? "" : ", ") + Shown(factor, none, units)), ...); },
-                   std::decay_t<decltype(modification)>::Factors(modification));
+        std::apply(
+            [&](const auto&... factor) { ((list += (list.empty() ? "" : ", ") + Shown(factor, none, units)), ...); },
+            std::decay_t<decltype(modification)>::Factors(modification));
         factors += "<tr><td>" + std::string(kind.name) + "</td><td>" + Shown(diameter.GetValue(), length, units) +
                    "</td><td>" + Escaped(list) + "</td></tr>";
     }
