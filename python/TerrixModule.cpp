@@ -22,7 +22,7 @@
 #include <pybind11/stl.h>
 
 #include <TerrixExchange/archive/ImportError.h>
-#include <TerrixExchange/archive/JsonArchive.h>
+#include <TerrixExchange/archive/JsonExporter.h>
 #include <TerrixExchange/document/TerrixMultipleSoilProfiles.h>
 #include <TerrixExchange/document/TextInPlace.h>
 #include <TerrixExchange/queries/LayerDivisionCheck.h>

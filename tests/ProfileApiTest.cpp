@@ -11,7 +11,7 @@
 
 #include <gtest/gtest.h>
 
-#include <TerrixExchange/archive/JsonArchive.h>
+#include <TerrixExchange/archive/JsonExporter.h>
 #include <TerrixExchange/document/TerrixMultipleSoilProfiles.h>
 
 #include "AnswersOfAllLayers.h"

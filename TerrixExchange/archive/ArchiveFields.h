@@ -76,4 +76,12 @@ NamedField<Field> AtLevelInLengthUnit(const char* name, Field&& field) {
     return NamedField<Field>{name, std::forward<Field>(field), ColumnMeaning::AtLevelInLengthUnit};
 }
 
+// One layout of a table that the text tells only by its lines (the main
+// layer table with or without its last column AK): the value a section keeps
+// for it, and the name under which the JSON archives write it.
+struct LayoutName {
+    int value;
+    const char* name;
+};
+
 }  // namespace TerrixExchange

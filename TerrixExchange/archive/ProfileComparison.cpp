@@ -63,8 +63,8 @@ private:
 std::vector<ValueDifference> CompareProfiles(const Terrix& a, const Terrix& b) {
     std::vector<ValueDifference> differences;
     Json sectionsA, dimensionsA, sectionsB, dimensionsB;
-    JsonArchive::Walk(a, sectionsA, dimensionsA);
-    JsonArchive::Walk(b, sectionsB, dimensionsB);
+    JsonExporter::Walk(a, sectionsA, dimensionsA);
+    JsonExporter::Walk(b, sectionsB, dimensionsB);
     // The dimensions of a column are the same in either profile of one
     // version; b's name those that only b has.
     dimensionsA.update(dimensionsB, true);

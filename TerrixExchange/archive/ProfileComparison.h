@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-#include <TerrixExchange/archive/JsonArchive.h>
+#include <TerrixExchange/archive/JsonExporter.h>
 #include <TerrixPlatform/Units/Runtime/DynamicDimension.h>
 
 namespace TerrixExchange {

@@ -76,6 +76,9 @@ public:
     }
     // "'", the text, "'", blanks up to 18 minus the text's length, the comment.
     void StringParameter(const std::string& value, const std::string& name, const std::string& comment);
+    // A table's layout shows in its lines alone.
+    template <std::size_t Count>
+    void LayoutChoice(const char*, int, const LayoutName (&)[Count]) {}
 
     // --- The frame of a profile ---
     void WriteLine(const std::string& text);

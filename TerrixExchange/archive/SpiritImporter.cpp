@@ -96,6 +96,17 @@ void SpiritImporter<Iterator>::SetPosition(const Position& position) {
     reportsCurrentLine_ = position.reportsCurrentLine;
     lineCounter_ = position.lineCounter;
     lineToReport_ = position.lineToReport;
+    if (sourceMap_) sourceMap_->Truncate(position.mapPieces, position.mapComments);
+}
+
+template <class Iterator>
+void SpiritImporter<Iterator>::NotePiece(SourceMap::Kind kind, std::uint32_t name, std::uint64_t firstLine,
+                                         std::uint64_t lastLine) {
+    if (!sourceMap_) return;
+    const bool isFrame = kind == SourceMap::Kind::Header || kind == SourceMap::Kind::VersionLine;
+    const bool inRecord = mapRecord_ != SourceMap::none && (kind == SourceMap::Kind::Row || kind == SourceMap::Kind::Vector);
+    sourceMap_->AddPiece(kind, isFrame ? std::string() : sectionTitle_, name, inRecord ? mapRecord_ : SourceMap::none,
+                         inRecord ? mapPart_++ : SourceMap::none, firstLine, lastLine);
 }
 
 template <class Iterator>
@@ -151,6 +162,7 @@ void SpiritImporter<Iterator>::NextLine(bool skipComments) {
             reportedLine_ = line_;
             reportsCurrentLine_ = false;
         }
+        if (sourceMap_) sourceMap_->AddCommentLine(lineCounter_);
         SkipRestOfLine();
         ++lineCounter_;
     }
@@ -221,16 +233,20 @@ void SpiritImporter<Iterator>::SectionTitle(const std::string& title) {
             SetPosition(expected);
             RaiseImportError("Unable to find section");
         }
+        if (sourceMap_) sourceMap_->AddCommentLine(lineCounter_);
         SkipRestOfLine();
         ++lineCounter_;
     }
     if (sourceLines_) sourceLines_->SetSectionLine(title, lineCounter_);
+    tableHeaders_ = 0;
+    NotePiece(SourceMap::Kind::Title, SourceMap::none, lineCounter_);
     NextLine(true);
 }
 
 template <class Iterator>
 void SpiritImporter<Iterator>::TableHeader(const std::string& text) {
     if (!MatchWords(text)) RaiseImportError("Unable to find section");
+    NotePiece(SourceMap::Kind::TableHeader, tableHeaders_++, lineCounter_);
     NextLine(true);
 }
 
@@ -240,6 +256,7 @@ void SpiritImporter<Iterator>::BlankLine() {
     // is reported at the section that is missing, on the line after its last.
     if (AtEndOfInput()) return;
     if (!AtEndOfLine()) RaiseImportError("Expected blank line");
+    NotePiece(SourceMap::Kind::BlankLine, SourceMap::none, lineCounter_);
     ReadLine();
     ++lineCounter_;
     lineToReport_ = lineCounter_;
@@ -280,7 +297,7 @@ bool SpiritImporter<Iterator>::TryParameterName(const std::string& name) {
 }
 
 template <class Iterator>
-void SpiritImporter<Iterator>::StringParameter(std::string& value, const std::string&, const std::string&) {
+void SpiritImporter<Iterator>::StringParameter(std::string& value, const std::string& name, const std::string&) {
     Cursor it = Here();
     std::string text;
     const auto quoted =
@@ -289,12 +306,14 @@ void SpiritImporter<Iterator>::StringParameter(std::string& value, const std::st
     if (!qi::parse(it, LineEnd(), qi::omit[*blank] >> quoted, text)) RaiseImportError("Expected string.");
     value = text;
     MoveTo(it);
+    NotePiece(SourceMap::Kind::Parameter, NameIndex(name), lineCounter_);
     NextLine(true);
 }
 
 template <class Iterator>
 void SpiritImporter<Iterator>::Header(std::string& header) {
     sectionTitle_ = "TERRIX";
+    const std::uint64_t firstLine = lineCounter_;
     if (!MatchWords("TERRIX")) RaiseImportError("Unable to find section");
     NextLine(false);
     header.clear();
@@ -313,6 +332,8 @@ void SpiritImporter<Iterator>::Header(std::string& header) {
         first = false;
         NextLine(false);
     }
+    // "TERRIX" and the header lines, up to the line before the current one.
+    NotePiece(SourceMap::Kind::Header, SourceMap::none, firstLine, lineCounter_ - 1);
 }
 
 template <class Iterator>
@@ -327,6 +348,7 @@ void SpiritImporter<Iterator>::VersionLine(bool& isVersion, int year, int, int) 
         return;
     MoveTo(it);
     isVersion = y == year;
+    NotePiece(SourceMap::Kind::VersionLine, SourceMap::none, lineCounter_);
     NextLine(true);
 }
 
@@ -407,6 +429,7 @@ void SpiritImporter<Iterator>::ReadVector(std::vector<double>& values, std::size
     // room; a count beyond it grows as its values come.
     values.reserve(std::min<std::size_t>(size, 4096));
     const std::string sizeText = std::to_string(size);
+    const std::uint64_t firstLine = lineCounter_;
     for (std::size_t i = 0; i < size; ++i) {
         if (AtEndOfLine()) {
             if (AtEndOfInput()) RaiseImportError("Error parsing argument: " + std::to_string(i) + ", expected vector of size: " + sizeText);
@@ -422,6 +445,7 @@ void SpiritImporter<Iterator>::ReadVector(std::vector<double>& values, std::size
     // (a further value, the next parameter's line read as a value) does not
     // hold a vector of this size.
     if (!RestOfLineIs(comment)) RaiseImportError("Expected vector of size: " + sizeText);
+    NotePiece(SourceMap::Kind::Vector, NameIndex(vectorName_), firstLine);
     NextLine(true);
 }
 

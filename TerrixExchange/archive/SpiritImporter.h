@@ -19,6 +19,7 @@
 #include <TerrixExchange/archive/ImportError.h>
 #include <TerrixExchange/archive/NumberText.h>
 #include <TerrixExchange/archive/SourceLines.h>
+#include <TerrixExchange/archive/SourceMap.h>
 #include <TerrixPlatform/AllocationCallbacks/AllocationCallbacks.h>
 #include <TerrixPlatform/Units/Runtime/UnitSystem.h>
 
@@ -55,6 +56,8 @@ public:
         bool reportsCurrentLine;
         std::uint64_t lineCounter;
         std::uint64_t lineToReport;
+        std::size_t mapPieces;
+        std::size_t mapComments;
     };
 
     // Puts the importer back where it stood when a section began, should an
@@ -92,10 +95,20 @@ public:
     // Where to note the line of each section title, parameter and table row
     // read from now on; none (null) by default.
     void SetSourceLines(SourceLines* sourceLines) { sourceLines_ = sourceLines; }
+    // Where to note every piece of the text read from now on, in order.
+    void SetSourceMap(SourceMap* sourceMap) { sourceMap_ = sourceMap; }
     std::uint64_t GetLineCounter() const { return lineCounter_; }
     Position GetPosition() const {
-        return Position{nextLine_,          line_,        column_,        isLastLine_,
-                        reportedLine_,      reportsCurrentLine_, lineCounter_, lineToReport_};
+        return Position{nextLine_,
+                        line_,
+                        column_,
+                        isLastLine_,
+                        reportedLine_,
+                        reportsCurrentLine_,
+                        lineCounter_,
+                        lineToReport_,
+                        sourceMap_ ? sourceMap_->GetPieceCount() : 0,
+                        sourceMap_ ? sourceMap_->GetCommentLineCount() : 0};
     }
     void SetPosition(const Position& position);
     // Column widths matter only to the exporter; the importer reads values
@@ -133,6 +146,9 @@ public:
     // A text between single quotes ('' inside stands for one quote). The
     // line holds no name: `name` names the value for describing archives.
     void StringParameter(std::string& value, const std::string& name, const std::string& comment);
+    // A table's layout is told by its lines, which its section tries.
+    template <std::size_t Count>
+    void LayoutChoice(const char*, int&, const LayoutName (&)[Count]) {}
 
     // --- The frame of a profile ---
     // "TERRIX" and the header lines up to the version line, the first empty
@@ -166,6 +182,7 @@ public:
     // columns' names are not read: the file's header line gives them.
     template <class... Fields>
     void Row(NamedField<Fields>... columns) {
+        NotePiece(SourceMap::Kind::Row, SourceMap::none, lineCounter_);
         RowOfValues(std::forward<Fields>(columns.field)...);
     }
     // `size` values over one or more lines; after the last value its line
@@ -175,6 +192,7 @@ public:
         // A vector of a section (the pile diameters) is known by its name,
         // like a parameter; within a table row it names the row's last one.
         if (sourceLines_) sourceLines_->SetParameterLine(sectionTitle_, vector.name, lineCounter_);
+        vectorName_ = vector.name;
         Vector(std::forward<Field>(vector.field), size, comment);
     }
 
@@ -239,6 +257,14 @@ private:
     const char* Here() const { return line_.data() + column_; }
     const char* LineEnd() const { return line_.data() + line_.size(); }
     void MoveTo(const char* it) { column_ = static_cast<std::size_t>(it - line_.data()); }
+    // Notes a piece of the text from `firstLine` to `lastLine` (the current
+    // line when not given); a line of a record, or a vector within one, is
+    // known by its record and its place in it.
+    void NotePiece(SourceMap::Kind kind, std::uint32_t name, std::uint64_t firstLine, std::uint64_t lastLine);
+    void NotePiece(SourceMap::Kind kind, std::uint32_t name, std::uint64_t firstLine) {
+        NotePiece(kind, name, firstLine, lineCounter_);
+    }
+    std::uint32_t NameIndex(const std::string& name) { return sourceMap_ ? sourceMap_->NameIndex(name) : 0; }
     void ReadVector(std::vector<double>& values, std::size_t size, Units::Runtime::DynamicDimension dimension,
                     const std::string& comment);
     // One record of a table, appended to it.
@@ -279,6 +305,13 @@ private:
     // The index of the next field within the record being read.
     std::size_t fieldIndex_ = 0;
     SourceLines* sourceLines_ = nullptr;
+    SourceMap* sourceMap_ = nullptr;
+    // For the source map: the record being read and the piece of it next,
+    // the table headers of the section so far, the vector being read.
+    std::uint32_t mapRecord_ = SourceMap::none;
+    std::uint32_t mapPart_ = 0;
+    std::uint32_t tableHeaders_ = 0;
+    const char* vectorName_ = "";
 };
 
 using StreamIterator = boost::spirit::basic_istream_iterator<char>;
@@ -293,6 +326,7 @@ bool SpiritImporter<Iterator>::Parameter(Value&& value, const std::string& name,
     const std::size_t start = column_;
     if (TryReadParameter(value, name)) {
         if (sourceLines_) sourceLines_->SetParameterLine(sectionTitle_, name, lineCounter_);
+        NotePiece(SourceMap::Kind::Parameter, NameIndex(name), lineCounter_);
         return true;
     }
     column_ = start;
@@ -347,7 +381,10 @@ void SpiritImporter<Iterator>::ReadRecord(std::vector<Record>& records, Argument
     if (sourceLines_) sourceLines_->SetRowLine(sectionTitle_, records.size(), lineCounter_);
     Record record;
     fieldIndex_ = 0;
+    mapRecord_ = static_cast<std::uint32_t>(records.size());
+    mapPart_ = 0;
     record.Serialize(*this, arguments...);
+    mapRecord_ = SourceMap::none;
     records.push_back(std::move(record));
 }
 

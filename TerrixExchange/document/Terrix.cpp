@@ -5,9 +5,8 @@
 #include <limits>
 #include <ostream>
 
-#include <TerrixExchange/archive/JsonArchive.h>
-#include <TerrixExchange/archive/SpiritExporter.h>
-#include <TerrixExchange/archive/SpiritImporter.h>
+#include <TerrixExchange/archive/Archives.h>
+#include <TerrixExchange/archive/JsonFormat.h>
 #include <TerrixExchange/document/TableCounts.h>
 #include <TerrixExchange/document/WhiteSpaceKept.h>
 #include <TerrixPlatform/Units/Runtime/FastUnitConverter.h>
@@ -29,6 +28,20 @@ const int versionDay = 1;
 const double referenceWaterUnitWeight = 10.0518;
 const double referenceAtmosphericPressure = 101.3;
 const double unitMatchTolerance = 0.05;
+
+// One profile of a JSON text: the object of a profile, or a dump of one.
+Terrix ProfileFromJsonText(std::string_view text, const UnitSystem* units) {
+    const Json json = ParseJson(text);
+    if (json.is_object() && json.size() == 1 && json.contains("profiles")) {
+        const Json& profiles = json["profiles"];
+        if (!profiles.is_array() || profiles.size() != 1)
+            throw JsonImportError("profiles: expected a list of one profile, found " +
+                                  (profiles.is_array() ? std::to_string(profiles.size()) + " profiles"
+                                                       : std::string("no list")));
+        return ProfileFromJson(profiles[0], "profile #0", units);
+    }
+    return ProfileFromJson(json, "profile", units);
+}
 
 }  // namespace
 
@@ -168,6 +181,13 @@ void Terrix::Import(std::istream& stream, const std::string& forceUnit, const st
     ReadProfile(importer);
 }
 
+void Terrix::ImportJson(std::string_view text) { *this = ProfileFromJsonText(text, nullptr); }
+
+void Terrix::ImportJson(std::string_view text, const std::string& forceUnit, const std::string& lengthUnit) {
+    const UnitSystem units(forceUnit, lengthUnit);
+    *this = ProfileFromJsonText(text, &units);
+}
+
 void Terrix::Export(std::ostream& stream, const UnitSystem& units, const std::list<std::string>& headerLines,
                     bool writeEndLine) {
     WriteProfile(stream, units, JoinLines(headerLines), true, writeEndLine);
@@ -253,11 +273,13 @@ bool Terrix::TryDeduceUnits(Quantity<ForcePerUnitVolumePhenomenon> waterUnitWeig
 }
 
 template void Terrix::ReadProfile(Importer&);
+template void Terrix::ReadProfile(JsonImporter&);
+template void Terrix::SerializeProfile(JsonExporter&, std::string&);
 template bool Terrix::DeduceUnits(Importer&, std::string&, std::string&);
 template void Terrix::SerializeProfileEnd(Importer&, bool&, bool);
 template void Terrix::SerializeProfileEnd(Exporter&, bool&, bool);
-template void Terrix::SerializeSections(Importer&);
-template void Terrix::SerializeSections(Exporter&);
-template void Terrix::SerializeSections(JsonArchive&);
+#define INSTANTIATE(Archive) template void Terrix::SerializeSections(Archive&);
+TERRIX_FOR_EVERY_ARCHIVE(INSTANTIATE)
+#undef INSTANTIATE
 
 }  // namespace TerrixExchange

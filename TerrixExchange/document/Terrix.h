@@ -6,6 +6,7 @@
 #include <list>
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <boost/optional.hpp>
@@ -20,7 +21,8 @@
 namespace TerrixExchange {
 
 class TerrixMultipleSoilProfiles;
-class JsonArchive;
+class JsonExporter;
+class JsonImporter;
 class LayerLookup;
 
 // One soil profile: the content of one TERRIX input file, or of one profile
@@ -31,6 +33,15 @@ public:
     TERRIX_ALLOCATION_OPERATORS
 
     explicit Terrix(Version version = Version::V4, Revision revision = Revision::Unsettled);
+
+    // A complete profile of `version` with no layers yet, held in `units`,
+    // as an engineer starts one: every section there (the M-theta, BS-Y and
+    // BM-theta sections too, their counts 0), the unit weight of sea water
+    // and the atmospheric pressure from which the units deduce, conversion
+    // factors and material coefficients of 1, and in each modification
+    // section one row of factors 1 for every layer and pile diameter. The
+    // name is the profile name of version 5 (version 4 has none).
+    static Terrix MakeNew(Version version, const Units::Runtime::UnitSystem& units, const std::string& name = "");
 
     void SetVersion(Version version);
     Version GetVersion() const { return version_; }
@@ -54,6 +65,15 @@ public:
     // the format expects; the sections read before it keep what they read.
     void Import(std::istream& stream, const std::string& forceUnit, const std::string& lengthUnit);
 
+    // Reads one profile from JSON: its object of terrix dump ({"version": 5,
+    // "header": ..., "units": ..., "sections": ...}, see DescribeProfile), or
+    // a dump that holds one profile ({"profiles": [...]}). The values are in
+    // database units and are taken as they stand; the profile then holds the
+    // units the JSON names, or those named here. Throws JsonImportError (a
+    // std::runtime_error) at the first fault, with the profile as it was.
+    void ImportJson(std::string_view text);
+    void ImportJson(std::string_view text, const std::string& forceUnit, const std::string& lengthUnit);
+
     // Writes the profile with its values in `units`: "TERRIX", the header
     // lines, the version line of version 5, the sections each after one empty
     // line, and, if asked for, an empty line and "END OF TERRIX INPUT FILE".
@@ -61,6 +81,25 @@ public:
                 const std::list<std::string>& headerLines, bool writeEndLine);
     void Export(std::ostream& stream, const std::string& forceUnit, const std::string& lengthUnit,
                 const std::list<std::string>& headerLines, bool writeEndLine);
+
+    // Writes the profile over `original`, the text it was read from, with
+    // only the lines that hold what changed written anew: see
+    // TerrixMultipleSoilProfiles::ExportKeepingLines. False when the profile
+    // was written whole instead.
+    bool ExportKeepingLines(std::ostream& stream, std::string_view original);
+
+    // Sets every count that the file keeps for a table from what the
+    // profile holds, for a host that has added or removed records: NUMTYP,
+    // NUMTQZ and NUMLAY (the numbered layers the divisions cover) in version
+    // 4, NUMLAYM (the main layers of the main layer table) in version 5,
+    // NUMDSP, and NUMDM, NUMBS and NUMBM (given, as the number of manual
+    // curves, whenever either section of their kind holds rows). The counts
+    // of pile diameters, point forces and curve points are the lengths of
+    // their lists already. What no count can mend stays for
+    // FindInconsistencies to tell: tables that disagree with each other, two
+    // value lines of a curve of different lengths, manual curves that the
+    // layer codes and pile diameters do not call for.
+    void SetCountsFromTables();
 
     // What an export of the profile would write that does not read back as
     // the same profile: a message for every count that disagrees with the
@@ -197,7 +236,8 @@ public:
 
 private:
     friend class TerrixMultipleSoilProfiles;
-    friend class JsonArchive;
+    friend class JsonExporter;
+    friend class JsonImporter;
 
     // The header, the version line and the sections of the version.
     template <class Importer>

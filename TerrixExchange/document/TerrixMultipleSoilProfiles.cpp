@@ -5,6 +5,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include <TerrixExchange/archive/JsonFormat.h>
+#include <TerrixExchange/archive/JsonImporter.h>
 #include <TerrixExchange/archive/SpiritExporter.h>
 #include <TerrixExchange/archive/SpiritImporter.h>
 #include <TerrixExchange/document/WhiteSpaceKept.h>
@@ -32,40 +34,58 @@ std::vector<std::string> TerrixMultipleSoilProfiles::GetSoilProfileNames() const
     return names;
 }
 
-void TerrixMultipleSoilProfiles::Import(std::istream& stream) { ReadProfiles(stream, boost::none, nullptr); }
+void TerrixMultipleSoilProfiles::Import(std::istream& stream) { ReadProfiles(stream, Reading()); }
 
 void TerrixMultipleSoilProfiles::Import(std::istream& stream, const std::string& forceUnit,
                                         const std::string& lengthUnit) {
-    ReadProfiles(stream, UnitSystem(forceUnit, lengthUnit), nullptr);
+    Reading reading;
+    reading.units = UnitSystem(forceUnit, lengthUnit);
+    ReadProfiles(stream, reading);
 }
 
 void TerrixMultipleSoilProfiles::Import(std::istream& stream, std::vector<SourceLines>& lines) {
-    ReadProfiles(stream, boost::none, &lines);
+    Reading reading;
+    reading.lines = &lines;
+    ReadProfiles(stream, reading);
 }
 
 void TerrixMultipleSoilProfiles::Import(std::istream& stream, const std::string& forceUnit,
                                         const std::string& lengthUnit, std::vector<SourceLines>& lines) {
-    ReadProfiles(stream, UnitSystem(forceUnit, lengthUnit), &lines);
+    Reading reading;
+    reading.units = UnitSystem(forceUnit, lengthUnit);
+    reading.lines = &lines;
+    ReadProfiles(stream, reading);
 }
 
-void TerrixMultipleSoilProfiles::ReadProfiles(std::istream& stream, const boost::optional<UnitSystem>& units,
-                                              std::vector<SourceLines>* lines) {
+void TerrixMultipleSoilProfiles::ReadProfiles(std::istream& stream, const Reading& reading) {
     WhiteSpaceKept whiteSpace(stream);
-    Importer importer(StreamIterator(stream), StreamIterator(), units ? *units : GetDatabaseUnitSystem(), true);
+    Importer importer(StreamIterator(stream), StreamIterator(), GetDatabaseUnitSystem(), true);
+    const std::size_t heldBefore = profiles_.size();
     for (;;) {
         // Every profile starts with titles read by their words; the profile
         // before has left the importer reading them by their exact spelling.
         importer.SetTitleMode(true);
-        const Importer::Position start = importer.GetPosition();
         const std::size_t held = profiles_.size();
-        if (lines) {
-            lines->emplace_back();
-            importer.SetSourceLines(&lines->back());
+        if (reading.lines) {
+            reading.lines->emplace_back();
+            importer.SetSourceLines(&reading.lines->back());
         }
+        if (reading.maps) {
+            reading.maps->emplace_back();
+            importer.SetSourceMap(&reading.maps->back());
+        }
+        const Importer::Position start = importer.GetPosition();
+        // The units of this profile, when they are named.
+        const std::size_t index = held - heldBefore;
+        const UnitSystem* units = reading.units ? reading.units.get_ptr()
+                                  : reading.unitsOfEach && index < reading.unitsOfEach->size()
+                                      ? &(*reading.unitsOfEach)[index]
+                                      : nullptr;
         try {
             Terrix profile(Version::Unknown, Revision::Unsettled);
             if (units) {
                 profile.unitSystem_ = *units;
+                importer.SetUnitSystem(*units);
             } else {
                 // The start of the profile is read twice: once as it stands,
                 // to deduce its units from the control section, then from its
@@ -81,6 +101,8 @@ void TerrixMultipleSoilProfiles::ReadProfiles(std::istream& stream, const boost:
             }
             profile.ReadProfile(importer);
             profiles_.push_back(std::move(profile));
+            // What stands between two profiles is no piece of either.
+            importer.SetSourceMap(nullptr);
             bool isLast = false;
             Terrix::SerializeProfileEnd(importer, isLast, true);
             if (isLast) return;
@@ -88,12 +110,38 @@ void TerrixMultipleSoilProfiles::ReadProfiles(std::istream& stream, const boost:
             // Whatever fails, the importer stands at the start of the profile
             // that failed: a stream that breaks off inside a profile is an
             // error, never a shorter stream of good profiles.
+            importer.SetSourceMap(nullptr);
             importer.SetPosition(start);
             // The lines of a profile go with the profile.
-            if (lines && profiles_.size() == held) lines->pop_back();
+            if (profiles_.size() == held) {
+                if (reading.lines) reading.lines->pop_back();
+                if (reading.maps) reading.maps->pop_back();
+            }
             throw;
         }
     }
+}
+
+void TerrixMultipleSoilProfiles::ImportJson(std::string_view text) { ReadJsonProfiles(text, boost::none); }
+
+void TerrixMultipleSoilProfiles::ImportJson(std::string_view text, const std::string& forceUnit,
+                                            const std::string& lengthUnit) {
+    ReadJsonProfiles(text, UnitSystem(forceUnit, lengthUnit));
+}
+
+void TerrixMultipleSoilProfiles::ReadJsonProfiles(std::string_view text, const boost::optional<UnitSystem>& units) {
+    const Json document = ParseJson(text);
+    const std::string expected = "expected {\"profiles\": [PROFILE, ...]}";
+    if (!document.is_object()) throw JsonImportError("The document: " + expected + ", found no object");
+    for (auto member = document.begin(); member != document.end(); ++member)
+        if (member.key() != "profiles")
+            throw JsonImportError("The document: unknown key '" + member.key() + "' (" + expected + ")");
+    if (!document.contains("profiles") || !document["profiles"].is_array())
+        throw JsonImportError("The document: " + expected + ", found no list of profiles");
+    std::vector<Terrix> read;
+    for (const Json& profile : document["profiles"])
+        read.push_back(ProfileFromJson(profile, "profile #" + std::to_string(read.size()), units.get_ptr()));
+    for (Terrix& profile : read) profiles_.push_back(std::move(profile));
 }
 
 void TerrixMultipleSoilProfiles::Export(std::ostream& stream, const UnitSystem& units,

@@ -4,9 +4,11 @@
 #include <iosfwd>
 #include <list>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <TerrixExchange/archive/SourceLines.h>
+#include <TerrixExchange/archive/SourceMap.h>
 #include <TerrixExchange/document/Terrix.h>
 #include <TerrixPlatform/AllocationCallbacks/AllocationCallbacks.h>
 #include <TerrixPlatform/Units/Runtime/UnitSystem.h>
@@ -55,6 +57,13 @@ public:
     void Import(std::istream& stream, const std::string& forceUnit, const std::string& lengthUnit,
                 std::vector<SourceLines>& lines);
 
+    // Reads the profiles of a JSON text as terrix dump writes it
+    // ({"profiles": [PROFILE, ...]}, each as Terrix::ImportJson reads it) and
+    // appends them, all of them or, at the first fault (a JsonImportError
+    // that names the profile and where in it), none.
+    void ImportJson(std::string_view text);
+    void ImportJson(std::string_view text, const std::string& forceUnit, const std::string& lengthUnit);
+
     // Writes every profile with its values in `units`. An empty container
     // writes nothing at all.
     void Export(std::ostream& stream, const Units::Runtime::UnitSystem& units, std::list<std::string> headerLines);
@@ -70,15 +79,45 @@ public:
     void ExportWithOwnHeaders(std::ostream& stream, const Units::Runtime::UnitSystem& units,
                               bool writeEndLine = true);
 
+    // Writes the profiles over `original`, the text they were read from,
+    // keeping every line that holds nothing the profiles changed: the
+    // header, the comment lines, the blanks and the spelling of every
+    // number untouched stay byte for byte. Only the lines that hold a changed
+    // value or count, and those of an added record or section, are written
+    // anew, in each profile's units and as Export lays them out; a removed
+    // record's lines are left out, and new lines take the line ends of the
+    // original. When that cannot be done line by line (the original does
+    // not read in the profiles' units, holds another number of profiles,
+    // or a profile of another version), the profiles are written whole, as
+    // ExportWithOwnHeaders writes them, and the answer is false. A profile
+    // that would not read back as it is (FindInconsistencies) is refused
+    // with a std::runtime_error that lists every disagreement, before
+    // anything is written.
+    bool ExportKeepingLines(std::ostream& stream, std::string_view original);
+
 private:
+    // Reads `text` with the pieces of each profile, each in the units of
+    // its place in `units`; false when it does not read.
+    static bool ReadWithPieces(std::string_view text, const std::vector<Units::Runtime::UnitSystem>& units,
+                               TerrixMultipleSoilProfiles& profiles, std::vector<SourceMap>& maps);
     // The profiles one after the other; with `firstHeaderLines` the first
     // profile takes those and the others none, without it each its own.
     void WriteProfiles(std::ostream& stream, const boost::optional<Units::Runtime::UnitSystem>& units,
                        const std::list<std::string>* firstHeaderLines, bool writeEndLine);
-    // Reads profiles until the end of the input; `units` names the units of
-    // every profile, or, when empty, they are deduced profile by profile.
-    void ReadProfiles(std::istream& stream, const boost::optional<Units::Runtime::UnitSystem>& units,
-                      std::vector<SourceLines>* lines);
+    // How ReadProfiles reads: every profile in `units`; or those that
+    // `unitsOfEach` names in its units, by their places; the others in the
+    // units deduced from each one's control section. Where the lines and the
+    // pieces of each profile stand are noted where asked.
+    struct Reading {
+        boost::optional<Units::Runtime::UnitSystem> units;
+        const std::vector<Units::Runtime::UnitSystem>* unitsOfEach = nullptr;
+        std::vector<SourceLines>* lines = nullptr;
+        std::vector<SourceMap>* maps = nullptr;
+    };
+    // Reads profiles until the end of the input.
+    void ReadProfiles(std::istream& stream, const Reading& reading);
+
+    void ReadJsonProfiles(std::string_view text, const boost::optional<Units::Runtime::UnitSystem>& units);
 
     std::vector<Terrix> profiles_;
 };

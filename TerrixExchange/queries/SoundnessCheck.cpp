@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <exception>
 
-#include <TerrixExchange/archive/JsonArchive.h>
+#include <TerrixExchange/archive/JsonExporter.h>
 #include <TerrixExchange/queries/LayerDivisionCheck.h>
 #include <TerrixPlatform/Units/Runtime/FastUnitConverter.h>
 

@@ -1,8 +1,6 @@
 #include <TerrixExchange/sections/BMthetaMomentDataModificationSection.h>
 
-#include <TerrixExchange/archive/JsonArchive.h>
-#include <TerrixExchange/archive/SpiritExporter.h>
-#include <TerrixExchange/archive/SpiritImporter.h>
+#include <TerrixExchange/archive/Archives.h>
 
 namespace TerrixExchange {
 
@@ -11,8 +9,8 @@ void BMthetaMomentDataModificationSection::Serialize(Archive& archive) {
     SerializeSection(archive);
 }
 
-template void BMthetaMomentDataModificationSection::Serialize(Importer&);
-template void BMthetaMomentDataModificationSection::Serialize(Exporter&);
-template void BMthetaMomentDataModificationSection::Serialize(JsonArchive&);
+#define INSTANTIATE(Archive) template void BMthetaMomentDataModificationSection::Serialize(Archive&);
+TERRIX_FOR_EVERY_ARCHIVE(INSTANTIATE)
+#undef INSTANTIATE
 
 }  // namespace TerrixExchange

@@ -1,8 +1,6 @@
 #include <TerrixExchange/sections/BSYBaseShearDataModificationSection.h>
 
-#include <TerrixExchange/archive/JsonArchive.h>
-#include <TerrixExchange/archive/SpiritExporter.h>
-#include <TerrixExchange/archive/SpiritImporter.h>
+#include <TerrixExchange/archive/Archives.h>
 
 namespace TerrixExchange {
 
@@ -11,8 +9,8 @@ void BSYBaseShearDataModificationSection::Serialize(Archive& archive) {
     SerializeSection(archive);
 }
 
-template void BSYBaseShearDataModificationSection::Serialize(Importer&);
-template void BSYBaseShearDataModificationSection::Serialize(Exporter&);
-template void BSYBaseShearDataModificationSection::Serialize(JsonArchive&);
+#define INSTANTIATE(Archive) template void BSYBaseShearDataModificationSection::Serialize(Archive&);
+TERRIX_FOR_EVERY_ARCHIVE(INSTANTIATE)
+#undef INSTANTIATE
 
 }  // namespace TerrixExchange

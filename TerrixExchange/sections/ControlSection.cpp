@@ -1,8 +1,6 @@
 #include <TerrixExchange/sections/ControlSection.h>
 
-#include <TerrixExchange/archive/JsonArchive.h>
-#include <TerrixExchange/archive/SpiritExporter.h>
-#include <TerrixExchange/archive/SpiritImporter.h>
+#include <TerrixExchange/archive/Archives.h>
 
 namespace TerrixExchange {
 
@@ -43,10 +41,8 @@ void ControlSection::Serialize(Archive& archive) {
     archive.OptionalParameter(NUMBM, "NUMBM", "NUMBER OF LAYERS WITH BASE MOMENT. THIS FLAG IS OPTIONAL");
 }
 
-
-
-template void ControlSection::Serialize(Importer&);
-template void ControlSection::Serialize(Exporter&);
-template void ControlSection::Serialize(JsonArchive&);
+#define INSTANTIATE(Archive) template void ControlSection::Serialize(Archive&);
+TERRIX_FOR_EVERY_ARCHIVE(INSTANTIATE)
+#undef INSTANTIATE
 
 }  // namespace TerrixExchange

@@ -1,8 +1,6 @@
 #include <TerrixExchange/sections/GivenSoilDisplacementsAndOpenHoleSection.h>
 
-#include <TerrixExchange/archive/JsonArchive.h>
-#include <TerrixExchange/archive/SpiritExporter.h>
-#include <TerrixExchange/archive/SpiritImporter.h>
+#include <TerrixExchange/archive/Archives.h>
 
 namespace TerrixExchange {
 
@@ -17,9 +15,9 @@ void GivenSoilDisplacementsAndOpenHoleSectionRecord::Serialize(Archive& archive)
                 Column("HOLE-DIAM", AsQuantity<LengthPhenomenon>(HOLE_DIAM)));
 }
 
-template void GivenSoilDisplacementsAndOpenHoleSectionRecord::Serialize(Importer&);
-template void GivenSoilDisplacementsAndOpenHoleSectionRecord::Serialize(Exporter&);
-template void GivenSoilDisplacementsAndOpenHoleSectionRecord::Serialize(JsonArchive&);
+#define INSTANTIATE(Archive) template void GivenSoilDisplacementsAndOpenHoleSectionRecord::Serialize(Archive&);
+TERRIX_FOR_EVERY_ARCHIVE(INSTANTIATE)
+#undef INSTANTIATE
 
 template <class Archive>
 void GivenSoilDisplacementsAndOpenHoleSection::Serialize(Archive& archive, std::size_t count) {
@@ -28,12 +26,8 @@ void GivenSoilDisplacementsAndOpenHoleSection::Serialize(Archive& archive, std::
     archive.RecordVector(records, count);
 }
 
-template void GivenSoilDisplacementsAndOpenHoleSection::Serialize(Importer&, std::size_t);
-template void GivenSoilDisplacementsAndOpenHoleSection::Serialize(Exporter&, std::size_t);
-template void GivenSoilDisplacementsAndOpenHoleSection::Serialize(JsonArchive&, std::size_t);
-
-
-
-
+#define INSTANTIATE(Archive) template void GivenSoilDisplacementsAndOpenHoleSection::Serialize(Archive&, std::size_t);
+TERRIX_FOR_EVERY_ARCHIVE(INSTANTIATE)
+#undef INSTANTIATE
 
 }  // namespace TerrixExchange

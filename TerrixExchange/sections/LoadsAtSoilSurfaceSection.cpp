@@ -1,8 +1,6 @@
 #include <TerrixExchange/sections/LoadsAtSoilSurfaceSection.h>
 
-#include <TerrixExchange/archive/JsonArchive.h>
-#include <TerrixExchange/archive/SpiritExporter.h>
-#include <TerrixExchange/archive/SpiritImporter.h>
+#include <TerrixExchange/archive/Archives.h>
 
 namespace TerrixExchange {
 
@@ -26,10 +24,8 @@ void LoadsAtSoilSurfaceSection::Serialize(Archive& archive) {
     archive.Vector(Column("distances", distances), count, "HORIZONTAL DISTANCE TO PILE AXIS");
 }
 
-template void LoadsAtSoilSurfaceSection::Serialize(Importer&);
-template void LoadsAtSoilSurfaceSection::Serialize(Exporter&);
-template void LoadsAtSoilSurfaceSection::Serialize(JsonArchive&);
-
-
+#define INSTANTIATE(Archive) template void LoadsAtSoilSurfaceSection::Serialize(Archive&);
+TERRIX_FOR_EVERY_ARCHIVE(INSTANTIATE)
+#undef INSTANTIATE
 
 }  // namespace TerrixExchange

@@ -2,9 +2,7 @@
 
 #include <algorithm>
 
-#include <TerrixExchange/archive/JsonArchive.h>
-#include <TerrixExchange/archive/SpiritExporter.h>
-#include <TerrixExchange/archive/SpiritImporter.h>
+#include <TerrixExchange/archive/Archives.h>
 
 namespace TerrixExchange {
 
@@ -40,11 +38,9 @@ void Record::Serialize(Archive& archive) {
                 Column("OPEN HOLE", OPEN_HOLE), Column("MISC.SOIL.LAYER.VALUES", ToEndOfLine(MISC_VALUES)));
 }
 
-template void Record::Serialize(Importer&);
-template void Record::Serialize(Exporter&);
-template void Record::Serialize(JsonArchive&);
-
-
+#define INSTANTIATE(Archive) template void Record::Serialize(Archive&);
+TERRIX_FOR_EVERY_ARCHIVE(INSTANTIATE)
+#undef INSTANTIATE
 
 std::vector<Layer> MainLayersSubdivisionAndPyTzQzCodesSection::GetLayers(Quantity<LengthPhenomenon> top) const {
     std::vector<Layer> layers;
@@ -95,10 +91,8 @@ void MainLayersSubdivisionAndPyTzQzCodesSection::Serialize(Archive& archive, std
     archive.RecordVector(records, count);
 }
 
-template void MainLayersSubdivisionAndPyTzQzCodesSection::Serialize(Importer&, std::size_t);
-template void MainLayersSubdivisionAndPyTzQzCodesSection::Serialize(Exporter&, std::size_t);
-template void MainLayersSubdivisionAndPyTzQzCodesSection::Serialize(JsonArchive&, std::size_t);
-
-
+#define INSTANTIATE(Archive) template void MainLayersSubdivisionAndPyTzQzCodesSection::Serialize(Archive&, std::size_t);
+TERRIX_FOR_EVERY_ARCHIVE(INSTANTIATE)
+#undef INSTANTIATE
 
 }  // namespace TerrixExchange

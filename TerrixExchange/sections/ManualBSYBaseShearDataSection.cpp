@@ -1,8 +1,6 @@
 #include <TerrixExchange/sections/ManualBSYBaseShearDataSection.h>
 
-#include <TerrixExchange/archive/JsonArchive.h>
-#include <TerrixExchange/archive/SpiritExporter.h>
-#include <TerrixExchange/archive/SpiritImporter.h>
+#include <TerrixExchange/archive/Archives.h>
 
 namespace TerrixExchange {
 
@@ -11,8 +9,8 @@ void ManualBSYBaseShearDataSection::Serialize(Archive& archive, std::size_t coun
     SerializeSection(archive, count);
 }
 
-template void ManualBSYBaseShearDataSection::Serialize(Importer&, std::size_t);
-template void ManualBSYBaseShearDataSection::Serialize(Exporter&, std::size_t);
-template void ManualBSYBaseShearDataSection::Serialize(JsonArchive&, std::size_t);
+#define INSTANTIATE(Archive) template void ManualBSYBaseShearDataSection::Serialize(Archive&, std::size_t);
+TERRIX_FOR_EVERY_ARCHIVE(INSTANTIATE)
+#undef INSTANTIATE
 
 }  // namespace TerrixExchange

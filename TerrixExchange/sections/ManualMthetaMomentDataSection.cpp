@@ -1,8 +1,6 @@
 #include <TerrixExchange/sections/ManualMthetaMomentDataSection.h>
 
-#include <TerrixExchange/archive/JsonArchive.h>
-#include <TerrixExchange/archive/SpiritExporter.h>
-#include <TerrixExchange/archive/SpiritImporter.h>
+#include <TerrixExchange/archive/Archives.h>
 
 namespace TerrixExchange {
 
@@ -11,8 +9,8 @@ void ManualMthetaMomentDataSection::Serialize(Archive& archive, std::size_t coun
     SerializeSection(archive, count);
 }
 
-template void ManualMthetaMomentDataSection::Serialize(Importer&, std::size_t);
-template void ManualMthetaMomentDataSection::Serialize(Exporter&, std::size_t);
-template void ManualMthetaMomentDataSection::Serialize(JsonArchive&, std::size_t);
+#define INSTANTIATE(Archive) template void ManualMthetaMomentDataSection::Serialize(Archive&, std::size_t);
+TERRIX_FOR_EVERY_ARCHIVE(INSTANTIATE)
+#undef INSTANTIATE
 
 }  // namespace TerrixExchange

@@ -1,8 +1,6 @@
 #include <TerrixExchange/sections/ManualPyLateralResistanceDataSection.h>
 
-#include <TerrixExchange/archive/JsonArchive.h>
-#include <TerrixExchange/archive/SpiritExporter.h>
-#include <TerrixExchange/archive/SpiritImporter.h>
+#include <TerrixExchange/archive/Archives.h>
 
 namespace TerrixExchange {
 
@@ -11,8 +9,8 @@ void ManualPyLateralResistanceDataSection::Serialize(Archive& archive, std::size
     SerializeSection(archive, count);
 }
 
-template void ManualPyLateralResistanceDataSection::Serialize(Importer&, std::size_t);
-template void ManualPyLateralResistanceDataSection::Serialize(Exporter&, std::size_t);
-template void ManualPyLateralResistanceDataSection::Serialize(JsonArchive&, std::size_t);
+#define INSTANTIATE(Archive) template void ManualPyLateralResistanceDataSection::Serialize(Archive&, std::size_t);
+TERRIX_FOR_EVERY_ARCHIVE(INSTANTIATE)
+#undef INSTANTIATE
 
 }  // namespace TerrixExchange

@@ -1,8 +1,6 @@
 #include <TerrixExchange/sections/ManualQzPileTipResistanceDataSection.h>
 
-#include <TerrixExchange/archive/JsonArchive.h>
-#include <TerrixExchange/archive/SpiritExporter.h>
-#include <TerrixExchange/archive/SpiritImporter.h>
+#include <TerrixExchange/archive/Archives.h>
 
 namespace TerrixExchange {
 
@@ -11,8 +9,8 @@ void ManualQzPileTipResistanceDataSection::Serialize(Archive& archive, std::size
     SerializeSection(archive, count);
 }
 
-template void ManualQzPileTipResistanceDataSection::Serialize(Importer&, std::size_t);
-template void ManualQzPileTipResistanceDataSection::Serialize(Exporter&, std::size_t);
-template void ManualQzPileTipResistanceDataSection::Serialize(JsonArchive&, std::size_t);
+#define INSTANTIATE(Archive) template void ManualQzPileTipResistanceDataSection::Serialize(Archive&, std::size_t);
+TERRIX_FOR_EVERY_ARCHIVE(INSTANTIATE)
+#undef INSTANTIATE
 
 }  // namespace TerrixExchange

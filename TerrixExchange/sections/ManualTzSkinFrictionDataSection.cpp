@@ -1,8 +1,6 @@
 #include <TerrixExchange/sections/ManualTzSkinFrictionDataSection.h>
 
-#include <TerrixExchange/archive/JsonArchive.h>
-#include <TerrixExchange/archive/SpiritExporter.h>
-#include <TerrixExchange/archive/SpiritImporter.h>
+#include <TerrixExchange/archive/Archives.h>
 
 namespace TerrixExchange {
 
@@ -11,8 +9,8 @@ void ManualTzSkinFrictionDataSection::Serialize(Archive& archive, std::size_t co
     SerializeSection(archive, count);
 }
 
-template void ManualTzSkinFrictionDataSection::Serialize(Importer&, std::size_t);
-template void ManualTzSkinFrictionDataSection::Serialize(Exporter&, std::size_t);
-template void ManualTzSkinFrictionDataSection::Serialize(JsonArchive&, std::size_t);
+#define INSTANTIATE(Archive) template void ManualTzSkinFrictionDataSection::Serialize(Archive&, std::size_t);
+TERRIX_FOR_EVERY_ARCHIVE(INSTANTIATE)
+#undef INSTANTIATE
 
 }  // namespace TerrixExchange

@@ -1,8 +1,6 @@
 #include <TerrixExchange/sections/MaterialCoefficientsSection.h>
 
-#include <TerrixExchange/archive/JsonArchive.h>
-#include <TerrixExchange/archive/SpiritExporter.h>
-#include <TerrixExchange/archive/SpiritImporter.h>
+#include <TerrixExchange/archive/Archives.h>
 
 namespace TerrixExchange {
 
@@ -15,10 +13,8 @@ void MaterialCoefficientsSection::Serialize(Archive& archive) {
     archive.RequiredParameter(SFSIGT, "SFSIGT", "MATERIAL COEFFICIENT ON PILE TIP RESISTANCE");
 }
 
-template void MaterialCoefficientsSection::Serialize(Importer&);
-template void MaterialCoefficientsSection::Serialize(Exporter&);
-template void MaterialCoefficientsSection::Serialize(JsonArchive&);
-
-
+#define INSTANTIATE(Archive) template void MaterialCoefficientsSection::Serialize(Archive&);
+TERRIX_FOR_EVERY_ARCHIVE(INSTANTIATE)
+#undef INSTANTIATE
 
 }  // namespace TerrixExchange

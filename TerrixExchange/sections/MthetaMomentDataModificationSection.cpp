@@ -1,8 +1,6 @@
 #include <TerrixExchange/sections/MthetaMomentDataModificationSection.h>
 
-#include <TerrixExchange/archive/JsonArchive.h>
-#include <TerrixExchange/archive/SpiritExporter.h>
-#include <TerrixExchange/archive/SpiritImporter.h>
+#include <TerrixExchange/archive/Archives.h>
 
 namespace TerrixExchange {
 
@@ -11,8 +9,8 @@ void MthetaMomentDataModificationSection::Serialize(Archive& archive) {
     SerializeSection(archive);
 }
 
-template void MthetaMomentDataModificationSection::Serialize(Importer&);
-template void MthetaMomentDataModificationSection::Serialize(Exporter&);
-template void MthetaMomentDataModificationSection::Serialize(JsonArchive&);
+#define INSTANTIATE(Archive) template void MthetaMomentDataModificationSection::Serialize(Archive&);
+TERRIX_FOR_EVERY_ARCHIVE(INSTANTIATE)
+#undef INSTANTIATE
 
 }  // namespace TerrixExchange

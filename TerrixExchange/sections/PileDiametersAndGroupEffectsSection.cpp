@@ -1,8 +1,6 @@
 #include <TerrixExchange/sections/PileDiametersAndGroupEffectsSection.h>
 
-#include <TerrixExchange/archive/JsonArchive.h>
-#include <TerrixExchange/archive/SpiritExporter.h>
-#include <TerrixExchange/archive/SpiritImporter.h>
+#include <TerrixExchange/archive/Archives.h>
 
 namespace TerrixExchange {
 
@@ -21,10 +19,8 @@ void PileDiametersAndGroupEffectsSection::Serialize(Archive& archive, bool isVer
     archive.RequiredParameter(POSAVR, "POSAVR", "SOIL AVERAGE POISSON RATIO FOR GROUP EFFECTS");
 }
 
-template void PileDiametersAndGroupEffectsSection::Serialize(Importer&, bool);
-template void PileDiametersAndGroupEffectsSection::Serialize(Exporter&, bool);
-template void PileDiametersAndGroupEffectsSection::Serialize(JsonArchive&, bool);
-
-
+#define INSTANTIATE(Archive) template void PileDiametersAndGroupEffectsSection::Serialize(Archive&, bool);
+TERRIX_FOR_EVERY_ARCHIVE(INSTANTIATE)
+#undef INSTANTIATE
 
 }  // namespace TerrixExchange

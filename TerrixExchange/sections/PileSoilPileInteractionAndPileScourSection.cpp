@@ -2,8 +2,4 @@
 
 namespace TerrixExchange {
 
-
-
-
-
 }  // namespace TerrixExchange

@@ -1,8 +1,6 @@
 #include <TerrixExchange/sections/PyLateralResistanceDataModificationSection.h>
 
-#include <TerrixExchange/archive/JsonArchive.h>
-#include <TerrixExchange/archive/SpiritExporter.h>
-#include <TerrixExchange/archive/SpiritImporter.h>
+#include <TerrixExchange/archive/Archives.h>
 
 namespace TerrixExchange {
 
@@ -11,8 +9,8 @@ void PyLateralResistanceDataModificationSection::Serialize(Archive& archive, std
     SerializeSection(archive);
 }
 
-template void PyLateralResistanceDataModificationSection::Serialize(Importer&, std::size_t, std::size_t);
-template void PyLateralResistanceDataModificationSection::Serialize(Exporter&, std::size_t, std::size_t);
-template void PyLateralResistanceDataModificationSection::Serialize(JsonArchive&, std::size_t, std::size_t);
+#define INSTANTIATE(Archive) template void PyLateralResistanceDataModificationSection::Serialize(Archive&, std::size_t, std::size_t);
+TERRIX_FOR_EVERY_ARCHIVE(INSTANTIATE)
+#undef INSTANTIATE
 
 }  // namespace TerrixExchange

@@ -1,8 +1,6 @@
 #include <TerrixExchange/sections/QzPileTipResistanceDataModificationSection.h>
 
-#include <TerrixExchange/archive/JsonArchive.h>
-#include <TerrixExchange/archive/SpiritExporter.h>
-#include <TerrixExchange/archive/SpiritImporter.h>
+#include <TerrixExchange/archive/Archives.h>
 
 namespace TerrixExchange {
 
@@ -11,8 +9,8 @@ void QzPileTipResistanceDataModificationSection::Serialize(Archive& archive, std
     SerializeSection(archive);
 }
 
-template void QzPileTipResistanceDataModificationSection::Serialize(Importer&, std::size_t, std::size_t);
-template void QzPileTipResistanceDataModificationSection::Serialize(Exporter&, std::size_t, std::size_t);
-template void QzPileTipResistanceDataModificationSection::Serialize(JsonArchive&, std::size_t, std::size_t);
+#define INSTANTIATE(Archive) template void QzPileTipResistanceDataModificationSection::Serialize(Archive&, std::size_t, std::size_t);
+TERRIX_FOR_EVERY_ARCHIVE(INSTANTIATE)
+#undef INSTANTIATE
 
 }  // namespace TerrixExchange

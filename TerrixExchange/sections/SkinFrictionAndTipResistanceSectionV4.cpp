@@ -2,9 +2,7 @@
 
 #include <utility>
 
-#include <TerrixExchange/archive/JsonArchive.h>
-#include <TerrixExchange/archive/SpiritExporter.h>
-#include <TerrixExchange/archive/SpiritImporter.h>
+#include <TerrixExchange/archive/Archives.h>
 
 namespace TerrixExchange {
 
@@ -33,11 +31,9 @@ void Record::Serialize(Archive& archive) {
                 Column("POIS", POIS), Column("DSPQZ/DIAM", DSPQZ_DIAM));
 }
 
-template void Record::Serialize(Importer&);
-template void Record::Serialize(Exporter&);
-template void Record::Serialize(JsonArchive&);
-
-
+#define INSTANTIATE(Archive) template void Record::Serialize(Archive&);
+TERRIX_FOR_EVERY_ARCHIVE(INSTANTIATE)
+#undef INSTANTIATE
 
 std::pair<SkinFrictionAndTipResistanceSectionV4::const_iterator, SkinFrictionAndTipResistanceSectionV4::const_iterator>
 SkinFrictionAndTipResistanceSectionV4::EqualRange(const Layer& layer) const {
@@ -77,10 +73,8 @@ void SkinFrictionAndTipResistanceSectionV4::Serialize(Archive& archive, std::siz
     archive.RecordVector(records, count);
 }
 
-template void SkinFrictionAndTipResistanceSectionV4::Serialize(Importer&, std::size_t);
-template void SkinFrictionAndTipResistanceSectionV4::Serialize(Exporter&, std::size_t);
-template void SkinFrictionAndTipResistanceSectionV4::Serialize(JsonArchive&, std::size_t);
-
-
+#define INSTANTIATE(Archive) template void SkinFrictionAndTipResistanceSectionV4::Serialize(Archive&, std::size_t);
+TERRIX_FOR_EVERY_ARCHIVE(INSTANTIATE)
+#undef INSTANTIATE
 
 }  // namespace TerrixExchange

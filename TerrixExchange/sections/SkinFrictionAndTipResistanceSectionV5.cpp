@@ -2,9 +2,7 @@
 
 #include <algorithm>
 
-#include <TerrixExchange/archive/JsonArchive.h>
-#include <TerrixExchange/archive/SpiritExporter.h>
-#include <TerrixExchange/archive/SpiritImporter.h>
+#include <TerrixExchange/archive/Archives.h>
 
 namespace TerrixExchange {
 
@@ -24,11 +22,9 @@ void Record::Serialize(Archive& archive) {
                 PlainNumber("TZZRES", TZZRES));
 }
 
-template void Record::Serialize(Importer&);
-template void Record::Serialize(Exporter&);
-template void Record::Serialize(JsonArchive&);
-
-
+#define INSTANTIATE(Archive) template void Record::Serialize(Archive&);
+TERRIX_FOR_EVERY_ARCHIVE(INSTANTIATE)
+#undef INSTANTIATE
 
 SkinFrictionAndTipResistanceSectionV5::const_iterator SkinFrictionAndTipResistanceSectionV5::FindLayer(
     const Layer& layer) const {
@@ -50,10 +46,8 @@ void SkinFrictionAndTipResistanceSectionV5::Serialize(Archive& archive, std::siz
     archive.RecordVector(records, count);
 }
 
-template void SkinFrictionAndTipResistanceSectionV5::Serialize(Importer&, std::size_t);
-template void SkinFrictionAndTipResistanceSectionV5::Serialize(Exporter&, std::size_t);
-template void SkinFrictionAndTipResistanceSectionV5::Serialize(JsonArchive&, std::size_t);
-
-
+#define INSTANTIATE(Archive) template void SkinFrictionAndTipResistanceSectionV5::Serialize(Archive&, std::size_t);
+TERRIX_FOR_EVERY_ARCHIVE(INSTANTIATE)
+#undef INSTANTIATE
 
 }  // namespace TerrixExchange

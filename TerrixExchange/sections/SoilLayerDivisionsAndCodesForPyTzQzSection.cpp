@@ -4,9 +4,7 @@
 
 #include <boost/function.hpp>
 
-#include <TerrixExchange/archive/JsonArchive.h>
-#include <TerrixExchange/archive/SpiritExporter.h>
-#include <TerrixExchange/archive/SpiritImporter.h>
+#include <TerrixExchange/archive/Archives.h>
 
 namespace TerrixExchange {
 
@@ -44,11 +42,9 @@ void Record::Serialize(Archive& archive) {
                 Column("PYCODE", PYCODE), Column("TZCODE", TZCODE), Column("QZCODE", QZCODE));
 }
 
-template void Record::Serialize(Importer&);
-template void Record::Serialize(Exporter&);
-template void Record::Serialize(JsonArchive&);
-
-
+#define INSTANTIATE(Archive) template void Record::Serialize(Archive&);
+TERRIX_FOR_EVERY_ARCHIVE(INSTANTIATE)
+#undef INSTANTIATE
 
 std::vector<Layer> SoilLayerDivisionsAndCodesForPyTzQzSection::GetLayers(Quantity<LengthPhenomenon> top) const {
     std::vector<Layer> layers;
@@ -95,10 +91,8 @@ void SoilLayerDivisionsAndCodesForPyTzQzSection::Serialize(Archive& archive, std
     archive.RecordVector(records, coversTooFew);
 }
 
-template void SoilLayerDivisionsAndCodesForPyTzQzSection::Serialize(Importer&, std::size_t);
-template void SoilLayerDivisionsAndCodesForPyTzQzSection::Serialize(Exporter&, std::size_t);
-template void SoilLayerDivisionsAndCodesForPyTzQzSection::Serialize(JsonArchive&, std::size_t);
-
-
+#define INSTANTIATE(Archive) template void SoilLayerDivisionsAndCodesForPyTzQzSection::Serialize(Archive&, std::size_t);
+TERRIX_FOR_EVERY_ARCHIVE(INSTANTIATE)
+#undef INSTANTIATE
 
 }  // namespace TerrixExchange

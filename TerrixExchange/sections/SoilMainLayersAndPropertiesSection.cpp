@@ -4,9 +4,7 @@
 #include <string>
 
 #include <TerrixExchange/archive/ImportError.h>
-#include <TerrixExchange/archive/JsonArchive.h>
-#include <TerrixExchange/archive/SpiritExporter.h>
-#include <TerrixExchange/archive/SpiritImporter.h>
+#include <TerrixExchange/archive/Archives.h>
 #include <TerrixExchange/document/Version.h>
 
 namespace TerrixExchange {
@@ -15,6 +13,7 @@ namespace {
 
 const int layoutWithoutAK = static_cast<int>(Revision::WithoutAK);
 const int layoutWithAK = static_cast<int>(Revision::WithAK);
+const LayoutName layouts[] = {{layoutWithAK, "with AK"}, {layoutWithoutAK, "without AK"}};
 
 }  // namespace
 
@@ -32,9 +31,9 @@ void SoilMainLayersAndPropertiesSectionRecord::Serialize(Archive& archive, bool 
         archive.Row(PlainNumber("SUBOT", SUBOT), Column("IP", IP), Column("EPSC", EPSC), Column("API-J", API_J));
 }
 
-template void SoilMainLayersAndPropertiesSectionRecord::Serialize(Importer&, bool);
-template void SoilMainLayersAndPropertiesSectionRecord::Serialize(Exporter&, bool);
-template void SoilMainLayersAndPropertiesSectionRecord::Serialize(JsonArchive&, bool);
+#define INSTANTIATE(Archive) template void SoilMainLayersAndPropertiesSectionRecord::Serialize(Archive&, bool);
+TERRIX_FOR_EVERY_ARCHIVE(INSTANTIATE)
+#undef INSTANTIATE
 
 template <class Archive>
 void SoilMainLayersAndPropertiesSection::SerializeTable(Archive& archive, std::size_t count) {
@@ -48,11 +47,14 @@ void SoilMainLayersAndPropertiesSection::SerializeTable(Archive& archive, std::s
 template <class Archive>
 void SoilMainLayersAndPropertiesSection::Serialize(Archive& archive, std::size_t count) {
     const auto guard = archive.BeginSection("SOIL MAIN LAYERS AND PROPERTIES SECTION");
-    if (layoutRevision != layoutWithoutAK) {
+    // An unsettled layout is written with AK; the text tells which layout it
+    // holds only by its lines, the JSON of a profile by name.
+    if (layoutRevision != layoutWithoutAK) layoutRevision = layoutWithAK;
+    archive.LayoutChoice("layout", layoutRevision, layouts);
+    if (layoutRevision == layoutWithAK) {
         // Files come in both layouts: the table is read with AK when the text
         // has that column, and read again without it when not. Writing never
         // fails, so an export keeps the layout with AK.
-        layoutRevision = layoutWithAK;
         const auto start = archive.GetPosition();
         try {
             SerializeTable(archive, count);
@@ -67,9 +69,9 @@ void SoilMainLayersAndPropertiesSection::Serialize(Archive& archive, std::size_t
     SerializeTable(archive, count);
 }
 
-template void SoilMainLayersAndPropertiesSection::Serialize(Importer&, std::size_t);
-template void SoilMainLayersAndPropertiesSection::Serialize(Exporter&, std::size_t);
-template void SoilMainLayersAndPropertiesSection::Serialize(JsonArchive&, std::size_t);
+#define INSTANTIATE(Archive) template void SoilMainLayersAndPropertiesSection::Serialize(Archive&, std::size_t);
+TERRIX_FOR_EVERY_ARCHIVE(INSTANTIATE)
+#undef INSTANTIATE
 
 SoilMainLayersAndPropertiesSection::const_iterator SoilMainLayersAndPropertiesSection::FindLayer(
     const Layer& layer) const {
@@ -77,9 +79,5 @@ SoilMainLayersAndPropertiesSection::const_iterator SoilMainLayersAndPropertiesSe
         return record.MAIN == layer.mainLayer;
     });
 }
-
-
-
-
 
 }  // namespace TerrixExchange

@@ -1,8 +1,6 @@
 #include <TerrixExchange/sections/SoilSurfaceAndGroundWaterSection.h>
 
-#include <TerrixExchange/archive/JsonArchive.h>
-#include <TerrixExchange/archive/SpiritExporter.h>
-#include <TerrixExchange/archive/SpiritImporter.h>
+#include <TerrixExchange/archive/Archives.h>
 #include <TerrixExchange/sections/ControlSection.h>
 
 namespace TerrixExchange {
@@ -24,10 +22,8 @@ void SoilSurfaceAndGroundWaterSection::Serialize(Archive& archive) {
     archive.RequiredParameter(AsQuantity<ForcePerUnitVolumePhenomenon>(GAMPWP), "GAMPWP", "UNIT WEIGHT OF GROUND WATER (USED TO FIND PORE WATER PRSS)");
 }
 
-template void SoilSurfaceAndGroundWaterSection::Serialize(Importer&);
-template void SoilSurfaceAndGroundWaterSection::Serialize(Exporter&);
-template void SoilSurfaceAndGroundWaterSection::Serialize(JsonArchive&);
-
-
+#define INSTANTIATE(Archive) template void SoilSurfaceAndGroundWaterSection::Serialize(Archive&);
+TERRIX_FOR_EVERY_ARCHIVE(INSTANTIATE)
+#undef INSTANTIATE
 
 }  // namespace TerrixExchange

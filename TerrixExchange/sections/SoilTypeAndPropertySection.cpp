@@ -2,9 +2,7 @@
 
 #include <algorithm>
 
-#include <TerrixExchange/archive/JsonArchive.h>
-#include <TerrixExchange/archive/SpiritExporter.h>
-#include <TerrixExchange/archive/SpiritImporter.h>
+#include <TerrixExchange/archive/Archives.h>
 
 namespace TerrixExchange {
 
@@ -20,9 +18,9 @@ void SoilTypeAndPropertySectionRecord::Serialize(Archive& archive) {
     archive.Row(Column("GAP", GAP), Column("RPRAT", RPRAT), Column("TZZRES", TZZRES));
 }
 
-template void SoilTypeAndPropertySectionRecord::Serialize(Importer&);
-template void SoilTypeAndPropertySectionRecord::Serialize(Exporter&);
-template void SoilTypeAndPropertySectionRecord::Serialize(JsonArchive&);
+#define INSTANTIATE(Archive) template void SoilTypeAndPropertySectionRecord::Serialize(Archive&);
+TERRIX_FOR_EVERY_ARCHIVE(INSTANTIATE)
+#undef INSTANTIATE
 
 template <class Archive>
 void SoilTypeAndPropertySection::Serialize(Archive& archive, std::size_t count) {
@@ -32,17 +30,13 @@ void SoilTypeAndPropertySection::Serialize(Archive& archive, std::size_t count) 
     archive.RecordVector(records, count);
 }
 
-template void SoilTypeAndPropertySection::Serialize(Importer&, std::size_t);
-template void SoilTypeAndPropertySection::Serialize(Exporter&, std::size_t);
-template void SoilTypeAndPropertySection::Serialize(JsonArchive&, std::size_t);
+#define INSTANTIATE(Archive) template void SoilTypeAndPropertySection::Serialize(Archive&, std::size_t);
+TERRIX_FOR_EVERY_ARCHIVE(INSTANTIATE)
+#undef INSTANTIATE
 
 SoilTypeAndPropertySection::const_iterator SoilTypeAndPropertySection::FindLayer(const Layer& layer) const {
     return std::find_if(records.begin(), records.end(),
                         [&](const SoilTypeAndPropertySectionRecord& record) { return record.TYP == layer.mainLayer; });
 }
-
-
-
-
 
 }  // namespace TerrixExchange

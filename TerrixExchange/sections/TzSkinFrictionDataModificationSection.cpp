@@ -1,8 +1,6 @@
 #include <TerrixExchange/sections/TzSkinFrictionDataModificationSection.h>
 
-#include <TerrixExchange/archive/JsonArchive.h>
-#include <TerrixExchange/archive/SpiritExporter.h>
-#include <TerrixExchange/archive/SpiritImporter.h>
+#include <TerrixExchange/archive/Archives.h>
 
 namespace TerrixExchange {
 
@@ -11,8 +9,8 @@ void TzSkinFrictionDataModificationSection::Serialize(Archive& archive, std::siz
     SerializeSection(archive);
 }
 
-template void TzSkinFrictionDataModificationSection::Serialize(Importer&, std::size_t, std::size_t);
-template void TzSkinFrictionDataModificationSection::Serialize(Exporter&, std::size_t, std::size_t);
-template void TzSkinFrictionDataModificationSection::Serialize(JsonArchive&, std::size_t, std::size_t);
+#define INSTANTIATE(Archive) template void TzSkinFrictionDataModificationSection::Serialize(Archive&, std::size_t, std::size_t);
+TERRIX_FOR_EVERY_ARCHIVE(INSTANTIATE)
+#undef INSTANTIATE
 
 }  // namespace TerrixExchange

@@ -80,7 +80,8 @@ def layers_as_dump(profile, split):
 @pytest.mark.parametrize("path", DUMP_CASES, ids=case_id)
 @pytest.mark.parametrize("split", [True, False], ids=["split", "no-split"])
 def test_every_value_is_the_dumps(path, split):
-    expected = json.loads(tool("dump", *([] if split else ["--no-split"]), path))["profiles"]
+    expected = [{key: value for key, value in profile.items() if key not in ("revision", "encoding")}
+                for profile in json.loads(tool("dump", *([] if split else ["--no-split"]), path))["profiles"]]
     actual = [{"version": p.version, "name": p.name, "header": p.header,
                "units": dict(zip(("force", "length"), p.units)),
                "sections": as_dump(p.sections), "parameters": as_dump(p.parameters),

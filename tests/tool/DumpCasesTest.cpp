@@ -102,7 +102,8 @@ TEST_F(DumpCasesTest, EveryObjectHasItsKeysInOrder) {
     }
     const Json stream = Json::parse(Run({"dump", ExamplePath("three-profiles.terrix")}).out);
     for (const Json& profile : stream["profiles"])
-        EXPECT_EQ(KeysOf(profile), (Keys{"version", "name", "header", "units", "sections", "parameters", "layers"}));
+        EXPECT_EQ(KeysOf(profile), (Keys{"version", "revision", "name", "header", "encoding", "units", "sections",
+                                         "parameters", "layers"}));
 }
 
 // A list of plain values stands on one line: a pair of a map, the factors

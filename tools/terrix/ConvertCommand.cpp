@@ -2,7 +2,7 @@
 #include <memory>
 #include <sstream>
 
-#include <TerrixExchange/archive/JsonArchive.h>
+#include <TerrixExchange/archive/JsonExporter.h>
 #include <TerrixExchange/document/TerrixMultipleSoilProfiles.h>
 
 #include "Commands.h"

@@ -21,13 +21,7 @@ struct DumpOptions {
 // in database units (N, m, Pa, N/m3, radians).
 Json ProfileJson(const TerrixExchange::Terrix& profile, const TerrixExchange::SourceLines& lines,
                  const DumpOptions& options) {
-    const UnitNames units = UnitsOf(profile);
-    Json json = Json::object();
-    json["version"] = VersionNumberOf(profile);
-    json["name"] = JsonText(NameOf(profile));
-    json["header"] = JsonText(profile.GetHeader());
-    json["units"] = Json{{"force", units.force}, {"length", units.length}};
-    json["sections"] = TerrixExchange::DescribeSections(profile);
+    Json json = TerrixExchange::DescribeProfile(profile);
     json["parameters"] = ParametersJson(profile);
     json["layers"] = LayersJson(profile, lines, !options.noSplit);
     return json;

@@ -7,9 +7,10 @@
 #include <iostream>
 #include <istream>
 #include <memory>
-#include <streambuf>
 
+#include <TerrixExchange/archive/JsonFormat.h>
 #include <TerrixExchange/document/TerrixMultipleSoilProfiles.h>
+#include <TerrixExchange/document/TextInPlace.h>
 #include <TerrixPlatform/Units/Runtime/UnitSystem.h>
 
 #include "ToolError.h"
@@ -20,37 +21,40 @@ using TerrixExchange::Terrix;
 
 namespace {
 
-// The bytes of a file or of standard input, read in blocks as the import
-// asks for them: the tool never holds the text, only the profiles read from
-// it. A failed read ends the input and keeps its errno.
-class FileReader : public std::streambuf {
-public:
-    explicit FileReader(std::FILE* input) : input_(input) {}
-    int Error() const { return error_; }
-
-protected:
-    int_type underflow() override {
-        const std::size_t count = std::fread(buffer_, 1, sizeof buffer_, input_);
-        if (count == 0) {
-            if (std::ferror(input_)) error_ = errno != 0 ? errno : EIO;
-            return traits_type::eof();
-        }
-        setg(buffer_, buffer_, buffer_ + count);
-        return traits_type::to_int_type(buffer_[0]);
+// The whole text of a file or of standard input; a failed read is a
+// Failure "FILE: cannot read" with the reason.
+std::string ReadText(const std::string& file) {
+    const bool isStandardInput = file == "-";
+    std::FILE* input = isStandardInput ? stdin : std::fopen(file.c_str(), "rb");
+    if (input == nullptr) throw FileFailure(file, "cannot read", std::strerror(errno));
+    std::unique_ptr<std::FILE, int (*)(std::FILE*)> closed(isStandardInput ? nullptr : input, &std::fclose);
+    std::string text;
+    char buffer[65536];
+    for (;;) {
+        const std::size_t count = std::fread(buffer, 1, sizeof buffer, input);
+        text.append(buffer, count);
+        if (count < sizeof buffer) break;
     }
+    if (std::ferror(input)) throw FileFailure(file, "cannot read", std::strerror(errno != 0 ? errno : EIO));
+    return text;
+}
 
-private:
-    std::FILE* input_;
-    char buffer_[65536];
-    int error_ = 0;
-};
-
-// The one call into the library's import: every profile of the stream, in
-// the units named or in those deduced for each profile from its own control
-// section. Whatever follows the last profile must be empty lines, comment
+// The one call into the library's import: every profile of the text, TERRIX
+// or the JSON of terrix dump, in the units named or in those of each
+// profile (deduced from its control section, or named by its JSON). After
+// the last profile of a TERRIX text may stand only empty lines, comment
 // lines and the end line; anything else is an import error.
-FileProfiles ImportProfiles(std::istream& stream, const boost::optional<UnitNames>& units) {
+FileProfiles ImportProfiles(const std::string& text, const boost::optional<UnitNames>& units) {
     FileProfiles read;
+    if (TerrixExchange::IsJsonText(text)) {
+        if (units) read.all.ImportJson(text, units->force, units->length);
+        else read.all.ImportJson(text);
+        // JSON has no lines to point at.
+        read.lines.resize(read.all.GetSoilProfiles().size());
+        return read;
+    }
+    TerrixExchange::TextInPlace buffer(text.data(), text.size());
+    std::istream stream(&buffer);
     if (units) read.all.Import(stream, units->force, units->length, read.lines);
     else read.all.Import(stream, read.lines);
     return read;
@@ -75,26 +79,12 @@ boost::optional<UnitNames> ToUnitNames(const std::vector<std::string>& values, c
 }
 
 FileProfiles ReadProfiles(const std::string& file, const boost::optional<UnitNames>& units) {
-    const bool isStandardInput = file == "-";
-    std::FILE* input = isStandardInput ? stdin : std::fopen(file.c_str(), "rb");
-    if (input == nullptr) throw FileFailure(file, "cannot read", std::strerror(errno));
-    std::unique_ptr<std::FILE, int (*)(std::FILE*)> closed(isStandardInput ? nullptr : input, &std::fclose);
-    FileReader reader(input);
-    std::istream stream(&reader);
-    // A file that cannot be read is told as such, not as the import error
-    // that its missing text would give.
-    auto readFailure = [&] { return FileFailure(file, "cannot read", std::strerror(reader.Error())); };
+    const std::string text = ReadText(file);
     try {
-        FileProfiles read = ImportProfiles(stream, units);
-        if (reader.Error() != 0) throw readFailure();
-        return read;
+        return ImportProfiles(text, units);
     } catch (const TerrixExchange::ImportError& error) {
-        if (reader.Error() != 0) throw readFailure();
         throw FileFailure(file, "cannot import", DisplayedImportError(error));
-    } catch (const Failure&) {
-        throw;
     } catch (const std::exception& error) {
-        if (reader.Error() != 0) throw readFailure();
         std::string detail = Displayed(error.what());
         if (detail == "Unable to deduce units")
             detail += "\nThe water unit weight and atmospheric pressure of the control section match no pair of "

@@ -9,13 +9,22 @@
 
 #include <CLI/CLI.hpp>
 
+#include <TerrixExchange/document/LibraryVersion.h>
+
 #include "Commands.h"
 #include "ToolError.h"
 
 namespace {
 
 const char* const footer = R"(FILE may be - for standard input. A file may hold one profile or several,
-separated by the line "### New soil profile".
+separated by the line "### New soil profile". Every command also reads the
+JSON that dump writes (a file whose first character other than a blank or a
+line break is '{'): terrix dump F | terrix convert - writes what
+terrix convert F writes. Its values are in N and m; its "units" are the units
+the profile was read in, which --units replaces. Its "parameters" and
+"layers", the answers of dump, are passed over. Bad JSON is one error that
+says where (profile, section, record, column or parameter) and what was
+expected and found.
 
 Units
   FORCE is one of N kN MN GN mN lbf kipf kgf, LENGTH one of km m dm cm mm in ft.
@@ -88,6 +97,16 @@ report
   layer's answers. Values are in the units of the file; a query that fails
   shows its message in its place. It prints on A4.
 
+new
+  Writes a complete profile of --version 4 or 5 (default 5) with no layers
+  yet, in --units (default kN m), named --name (version 5, at most 10
+  characters): every section there, the optional M-theta, BS-Y and
+  BM-theta sections with counts of 0; the unit weight of sea water
+  (10.0518 kN/m3) and the atmospheric pressure (101.3 kN/m2) in those
+  units, so that they deduce; conversion factors and material coefficients
+  of 1; in each modification section one row of factors 1 for every layer
+  and pile diameter. check --strict finds nothing in it.
+
 --profile NAME picks the first profile of that name, #INDEX the profile at
 that place, counted from #0. --no-split (show, dump) gives the layers as
 the layer divisions of the file give them; without it, a version 4 division
@@ -126,7 +145,10 @@ public:
 }  // namespace
 
 int main(int argc, char** argv) {
-    CLI::App app("terrix: check, show, dump, convert, report and diff TERRIX soil-data input files", "terrix");
+    CLI::App app("terrix: check, show, dump, convert, report, diff and make TERRIX soil-data input files", "terrix");
+    app.set_version_flag("--version", std::string("terrix ") + TERRIX_TOOL_VERSION + ", TerrixExchange library " +
+                                          TerrixExchange::GetLibraryVersion(),
+                         "The version of the tool and the library");
     auto formatter = std::make_shared<Formatter>();
     // Narrow option columns keep every line of the help within 80 columns.
     formatter->column_width(22);
@@ -141,11 +163,12 @@ int main(int argc, char** argv) {
     TerrixTool::AddConvertCommand(app, run);
     TerrixTool::AddReportCommand(app, run);
     TerrixTool::AddDiffCommand(app, run);
+    TerrixTool::AddNewCommand(app, run);
 
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-        if (error.get_exit_code() == 0) return app.exit(error);  // --help
+        if (error.get_exit_code() == 0) return app.exit(error);  // --help, --version
         std::cerr << "terrix: " << error.what() << "\nRun 'terrix --help' for the commands and their options."
                   << std::endl;
         return 2;

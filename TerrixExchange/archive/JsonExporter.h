@@ -43,17 +43,36 @@ Json JsonNumbers(const std::vector<Value>& values) {
     for (const Value& value : values) list.push_back(JsonNumber(value));
     return list;
 }
-// A text of the file as a JSON string. JSON text is UTF-8; a text that is
-// not (an old file's header in Latin-1, say "\xD8rsted") is taken as
-// Latin-1, so that every byte keeps its meaning instead of being dropped.
+// How the texts of a profile (its header and name) stand in JSON, which is
+// UTF-8: as they are when every one of them is UTF-8; else (an old file's
+// header in Latin-1, "\xD8rsted") each byte as the Latin-1 character it
+// stands for, so that every byte keeps its meaning and reads back as the
+// same byte. JSON names the two "UTF-8" and "Latin-1".
+enum class TextEncoding { Utf8, Latin1 };
+TextEncoding EncodingOf(const Terrix& profile);
+const char* EncodingName(TextEncoding encoding);
+bool IsUtf8(const std::string& text);
+Json JsonText(const std::string& text, TextEncoding encoding);
+// A text on its own: as it stands when it is UTF-8, else as Latin-1.
 Json JsonText(const std::string& text);
+// The text that JsonText wrote as `json`; false when the encoding cannot
+// have written it (a character beyond Latin-1).
+bool TextFromJson(const std::string& json, TextEncoding encoding, std::string& text);
+
+// The profile as the JSON of terrix dump holds it, everything needed to
+// write its text again: "version", "revision" (of the main layer table's
+// layout, as the profile keeps it), "name", "header", "encoding" (of the
+// texts), "units" ({"force": F, "length": L}: the units of the file) and
+// "sections" (see DescribeSections).
+Json DescribeProfile(const Terrix& profile);
 
 // Every section of the profile's version that the profile holds, in file
 // order, keyed by its title without the decoration of the title line:
 // parameters keyed by their names as the file writes them ("CONFRC"),
 // vectors by their plain names ("diameters"), tables as "records", each
-// record keyed by its column titles. Every number is the library's own value
-// in database units (N and m).
+// record keyed by its column titles, and a table's layout that only its
+// lines tell (the main layer table with or without AK) as "layout". Every
+// number is the library's own value in database units (N and m).
 Json DescribeSections(const Terrix& profile);
 
 // A column whose numbers mean something else once the profile is written in
@@ -69,11 +88,11 @@ struct UnitBoundColumn {
 // file order, each named once.
 std::vector<UnitBoundColumn> FindUnitBoundColumns(const Terrix& profile);
 
-// The third archive: it walks the sections' Serialize like the importer and
-// the exporter, but describes what it meets as JSON, keyed by the names that
+// The JSON exporter: it walks the sections' Serialize like the text
+// exporter, but describes what it meets as JSON, keyed by the names that
 // Serialize gives. Lines without values (titles, headers, comments) leave no
 // trace.
-class JsonArchive {
+class JsonExporter {
 public:
     struct SectionGuard {
         ~SectionGuard() {}
@@ -87,10 +106,15 @@ public:
     // `dimensions`: section title -> name -> [force power, length power];
     // [0, 0] for plain numbers and for the columns kept as written.
     static void Walk(const Terrix& profile, Json& sections, Json& dimensions);
+    // See the function DescribeProfile.
+    static Json DescribeProfile(const Terrix& profile);
 
-    explicit JsonArchive(Json& sections, Json* dimensions = nullptr) : sections_(sections), dimensions_(dimensions) {}
-    JsonArchive(const JsonArchive&) = delete;
-    JsonArchive& operator=(const JsonArchive&) = delete;
+    // Describes into `profile`: the header and version there, the sections
+    // under "sections".
+    explicit JsonExporter(Json& profile, TextEncoding encoding = TextEncoding::Utf8, Json* dimensions = nullptr)
+        : profile_(profile), encoding_(encoding), dimensions_(dimensions) {}
+    JsonExporter(const JsonExporter&) = delete;
+    JsonExporter& operator=(const JsonExporter&) = delete;
 
     // The unit-bound columns met so far that held a value other than zero.
     std::vector<UnitBoundColumn> GetNonZeroColumns() const;
@@ -100,6 +124,10 @@ public:
     void SetTitleMode(bool) {}
     Position GetPosition() const { return Position{}; }
     void SetPosition(const Position&) {}
+
+    // --- The frame of a profile ---
+    void Header(const std::string& header) { profile_["header"] = JsonText(header, encoding_); }
+    void VersionLine(bool isVersion5, int, int, int) { profile_["version"] = isVersion5 ? 5 : 4; }
 
     [[nodiscard]] SectionGuard BeginSection(const std::string& title);
     void TableHeader(const std::string&) {}
@@ -121,7 +149,13 @@ public:
         Parameter(value, name, comment);
     }
     void StringParameter(const std::string& value, const std::string& name, const std::string&) {
-        (*section_)[name] = JsonText(value);
+        (*section_)[name] = JsonText(value, encoding_);
+    }
+    // The layout a section holds, by its name.
+    template <std::size_t Count>
+    void LayoutChoice(const char* name, int value, const LayoutName (&layouts)[Count]) {
+        for (const LayoutName& layout : layouts)
+            if (layout.value == value) (*section_)[name] = layout.name;
     }
 
     template <class Record, class... Arguments>
@@ -230,7 +264,8 @@ private:
         return value.value != 0.0;
     }
 
-    Json& sections_;
+    Json& profile_;
+    TextEncoding encoding_;
     Json* dimensions_ = nullptr;
     Json* section_ = nullptr;
     Json* record_ = nullptr;

@@ -1,0 +1,7 @@
+#include <TerrixExchange/document/LibraryVersion.h>
+
+namespace TerrixExchange {
+
+const char* GetLibraryVersion() { return TERRIX_LIBRARY_VERSION; }
+
+}  // namespace TerrixExchange
