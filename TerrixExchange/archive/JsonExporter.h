@@ -88,17 +88,43 @@ struct UnitBoundColumn {
 // file order, each named once.
 std::vector<UnitBoundColumn> FindUnitBoundColumns(const Terrix& profile);
 
-// The JSON exporter: it walks the sections' Serialize like the text
-// exporter, but describes what it meets as JSON, keyed by the names that
-// Serialize gives. Lines without values (titles, headers, comments) leave no
-// trace.
-class JsonExporter {
+// What the two JSON archives do alike: lines that hold no value (titles,
+// headers, comments, empty lines) leave no trace, there are no columns to
+// lay out and no place to go back to, and a required or optional parameter
+// is a parameter.
+template <class Archive>
+class JsonArchiveLines {
 public:
     struct SectionGuard {
         ~SectionGuard() {}
     };
     struct Position {};
 
+    int GetColumnWidth() const { return 0; }
+    void SetColumnWidth(int) {}
+    void SetTitleMode(bool) {}
+    Position GetPosition() const { return Position{}; }
+    void SetPosition(const Position&) {}
+    void TableHeader(const std::string&) {}
+    void CommentLine(const std::string&) {}
+    void BlankLine() {}
+
+    template <class Value>
+    void RequiredParameter(Value&& value, const std::string& name, const std::string& comment) {
+        static_cast<Archive&>(*this).Parameter(value, name, comment);
+    }
+    template <class Value>
+    void OptionalParameter(Value& value, const std::string& name, const std::string& comment) {
+        static_cast<Archive&>(*this).Parameter(value, name, comment);
+    }
+};
+
+// The JSON exporter: it walks the sections' Serialize like the text
+// exporter, but describes what it meets as JSON, keyed by the names that
+// Serialize gives. Lines without values (titles, headers, comments) leave no
+// trace.
+class JsonExporter : public JsonArchiveLines<JsonExporter> {
+public:
     // Describes the profile's sections into `sections`; gives back the
     // unit-bound columns that hold a value other than zero.
     static std::vector<UnitBoundColumn> Walk(const Terrix& profile, Json& sections);
@@ -119,34 +145,17 @@ public:
     // The unit-bound columns met so far that held a value other than zero.
     std::vector<UnitBoundColumn> GetNonZeroColumns() const;
 
-    int GetColumnWidth() const { return 0; }
-    void SetColumnWidth(int) {}
-    void SetTitleMode(bool) {}
-    Position GetPosition() const { return Position{}; }
-    void SetPosition(const Position&) {}
-
     // --- The frame of a profile ---
     void Header(const std::string& header) { profile_["header"] = JsonText(header, encoding_); }
     void VersionLine(bool isVersion5, int, int, int) { profile_["version"] = isVersion5 ? 5 : 4; }
 
     [[nodiscard]] SectionGuard BeginSection(const std::string& title);
-    void TableHeader(const std::string&) {}
-    void CommentLine(const std::string&) {}
-    void BlankLine() {}
 
     template <class Value>
     bool Parameter(Value&& value, const std::string& name, const std::string&) {
         (*section_)[name] = ToJson(value);
         NoteDimension(name, DimensionOf(value));
         return true;
-    }
-    template <class Value>
-    void RequiredParameter(Value&& value, const std::string& name, const std::string& comment) {
-        Parameter(value, name, comment);
-    }
-    template <class Value>
-    void OptionalParameter(const boost::optional<Value>& value, const std::string& name, const std::string& comment) {
-        Parameter(value, name, comment);
     }
     void StringParameter(const std::string& value, const std::string& name, const std::string&) {
         (*section_)[name] = JsonText(value, encoding_);

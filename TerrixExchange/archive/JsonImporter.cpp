@@ -28,26 +28,27 @@ const std::vector<std::string> profileKeys = {"version", "revision", "name",    
                                               "units",   "sections", "parameters", "layers"};
 
 Units::Runtime::UnitSystem UnitsOf(const Json& units, const std::string& where) {
-    const std::string expected = where + ", units: expected {\"force\": FORCE, \"length\": LENGTH}, found ";
+    const std::string expected = where + ", 'units': expected {\"force\": FORCE, \"length\": LENGTH}, found ";
     if (!units.is_object() || units.size() != 2 || !units.contains("force") || !units.contains("length") ||
         !units["force"].is_string() || !units["length"].is_string())
         throw JsonImportError(expected + Shown(units));
     try {
         return Units::Runtime::UnitSystem(units["force"].get<std::string>(), units["length"].get<std::string>());
     } catch (const std::runtime_error& error) {
-        throw JsonImportError(where + ", units: " + error.what() +
+        throw JsonImportError(where + ", 'units': " + error.what() +
                               " (force units: N kN MN GN mN lbf kipf kgf; length units: km m dm cm mm in ft)");
     }
 }
 
 }  // namespace
 
-Terrix ProfileFromJson(const Json& profile, const std::string& where, const Units::Runtime::UnitSystem* units) {
-    return JsonImporter::ReadProfile(profile, where, units);
+Terrix ProfileFromJson(const Json& profile, const std::string& where, const Units::Runtime::UnitSystem* units,
+                       ListLengths lengths) {
+    return JsonImporter::ReadProfile(profile, where, units, lengths);
 }
 
-Terrix JsonImporter::ReadProfile(const Json& object, const std::string& where,
-                                 const Units::Runtime::UnitSystem* units) {
+Terrix JsonImporter::ReadProfile(const Json& object, const std::string& where, const Units::Runtime::UnitSystem* units,
+                                 ListLengths lengths) {
     if (!object.is_object())
         throw JsonImportError(where + ": expected an object of the profile's version, header, units and sections, "
                                       "found " + Shown(object));
@@ -78,7 +79,7 @@ Terrix JsonImporter::ReadProfile(const Json& object, const std::string& where,
 
     Terrix profile(Version::V4, revision);
     profile.unitSystem_ = units ? *units : named;
-    JsonImporter importer(object, where, encoding);
+    JsonImporter importer(object, where, encoding, lengths);
     profile.ReadProfile(importer);
     importer.Finish();
 
@@ -92,8 +93,8 @@ Terrix JsonImporter::ReadProfile(const Json& object, const std::string& where,
     return profile;
 }
 
-JsonImporter::JsonImporter(const Json& profile, std::string where, TextEncoding encoding)
-    : profile_(profile), where_(std::move(where)), encoding_(encoding) {}
+JsonImporter::JsonImporter(const Json& profile, std::string where, TextEncoding encoding, ListLengths lengths)
+    : profile_(profile), where_(std::move(where)), encoding_(encoding), lengths_(lengths) {}
 
 std::string JsonImporter::Where() const {
     std::string where = where_;

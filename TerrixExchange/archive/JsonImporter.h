@@ -31,8 +31,15 @@ public:
 // "encoding" (of the texts; UTF-8 when not given) as well; "parameters" and
 // "layers", the answers of a dump, are passed over. With `units` those
 // replace the units the object names. `where` names the profile in messages.
+//
+// The lists of the JSON are as long as the counts before them say (NUMTYP
+// records of soil types, NUMDIA pile diameters), as in the file; or, for a
+// host that builds the JSON and then sets the counts from the tables
+// (Terrix::SetCountsFromTables), as long as they are.
+enum class ListLengths { AsCounted, AsGiven };
 Terrix ProfileFromJson(const Json& profile, const std::string& where = "profile",
-                       const Units::Runtime::UnitSystem* units = nullptr);
+                       const Units::Runtime::UnitSystem* units = nullptr,
+                       ListLengths lengths = ListLengths::AsCounted);
 
 // The JSON importer: it walks the sections' Serialize like the text
 // importer, and fills each field from the JSON that the JSON exporter writes
@@ -42,27 +49,18 @@ Terrix ProfileFromJson(const Json& profile, const std::string& where = "profile"
 // first fault throws JsonImportError. A key that the walk does not read (a
 // misspelt column, a section that the profile's version and counts leave
 // out) is a fault too: nothing given is ever passed over.
-class JsonImporter {
+class JsonImporter : public JsonArchiveLines<JsonImporter> {
 public:
-    struct SectionGuard {
-        ~SectionGuard() {}
-    };
-    struct Position {};
-
     // Reads from `profile`, the object of one profile; `where` names it in
     // messages ("profile #2").
-    JsonImporter(const Json& profile, std::string where, TextEncoding encoding);
+    JsonImporter(const Json& profile, std::string where, TextEncoding encoding,
+                 ListLengths lengths = ListLengths::AsCounted);
     JsonImporter(const JsonImporter&) = delete;
     JsonImporter& operator=(const JsonImporter&) = delete;
 
     // ProfileFromJson.
-    static Terrix ReadProfile(const Json& profile, const std::string& where, const Units::Runtime::UnitSystem* units);
-
-    int GetColumnWidth() const { return 0; }
-    void SetColumnWidth(int) {}
-    void SetTitleMode(bool) {}
-    Position GetPosition() const { return Position{}; }
-    void SetPosition(const Position&) {}
+    static Terrix ReadProfile(const Json& profile, const std::string& where, const Units::Runtime::UnitSystem* units,
+                              ListLengths lengths);
 
     // After the walk: every section the object holds was read, and every key
     // of the last section.
@@ -75,24 +73,13 @@ public:
 
     // --- Lines ---
     [[nodiscard]] SectionGuard BeginSection(const std::string& title);
-    void TableHeader(const std::string&) {}
-    void CommentLine(const std::string&) {}
-    void BlankLine() {}
 
+    // An optional parameter is null when the profile lacks it.
     template <class Value>
     bool Parameter(Value&& value, const std::string& name, const std::string&) {
         SetKey("parameter", name);
         ReadValue(Member(*section_, name), value);
         return true;
-    }
-    template <class Value>
-    void RequiredParameter(Value&& value, const std::string& name, const std::string& comment) {
-        Parameter(value, name, comment);
-    }
-    // An optional parameter is null when the profile lacks it.
-    template <class Value>
-    void OptionalParameter(boost::optional<Value>& value, const std::string& name, const std::string& comment) {
-        Parameter(value, name, comment);
     }
     void StringParameter(std::string& value, const std::string& name, const std::string&);
     // The layout by its name; the section's value of that name.
@@ -116,7 +103,7 @@ public:
     template <class Record, class... Arguments>
     void RecordVector(std::vector<Record>& records, std::size_t count, Arguments&&... arguments) {
         const Json& list = Records();
-        if (list.size() != count)
+        if (lengths_ == ListLengths::AsCounted && list.size() != count)
             Fail(std::to_string(count) + (count == 1 ? " record" : " records") + ", as the counts of the profile give",
                  std::to_string(list.size()));
         records.clear();
@@ -129,10 +116,17 @@ public:
         const Json& list = Records();
         records.clear();
         for (const Json& record : list) {
-            if (!more(records)) Fail("no record after the " + std::to_string(records.size()) + " that cover the layers the profile counts", std::to_string(list.size()) + " records");
+            if (lengths_ == ListLengths::AsCounted && !more(records)) break;
             ReadRecord(records, record);
         }
-        if (more(records)) Fail("records that cover the layers the profile counts", std::to_string(list.size()) + " records that cover fewer");
+        SetKey("", "records");
+        if (lengths_ == ListLengths::AsGiven) return;
+        if (records.size() < list.size())
+            Fail(std::to_string(records.size()) + " records: they cover the layers the profile counts",
+                 std::to_string(list.size()));
+        if (more(records))
+            Fail("records that cover the layers the profile counts",
+                 std::to_string(records.size()) + " that cover fewer");
     }
     // As many records as the list holds.
     template <class Record>
@@ -149,7 +143,7 @@ public:
     void Vector(NamedField<Field> vector, std::size_t size, const std::string&) {
         SetKey(record_ ? "column" : "", vector.name);
         const Json& list = Member(record_ ? *record_ : *section_, vector.name);
-        if (list.is_array() && list.size() != size)
+        if (lengths_ == ListLengths::AsCounted && list.is_array() && list.size() != size)
             Fail("a list of " + std::to_string(size) + " numbers, as its count gives", list);
         ReadValue(list, vector.field);
     }
@@ -241,6 +235,7 @@ private:
     const Json& profile_;
     std::string where_;
     TextEncoding encoding_;
+    ListLengths lengths_;
     // The titles of the sections read, and the keys read of the last one.
     std::vector<std::string> titles_;
     std::vector<std::string> sectionKeys_;
