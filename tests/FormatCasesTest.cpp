@@ -117,9 +117,11 @@ TEST(FormatCases, EachDumpCaseTextIsWrittenAsTextThatReadsBackUnchanged) {
     }
 }
 
-// What a profile holds before it reads anything.
+// What a profile holds before it reads anything, and one made to start from.
 TEST(FormatCases, ANewProfileIsWrittenAsTheNewProfileCases) {
     const Units::Runtime::UnitSystem kNm("kN", "m");
     EXPECT_EQ(Written(Terrix(Version::V4), kNm), CaseText("round-trip/new-profile-v4.terrix"));
     EXPECT_EQ(Written(Terrix(Version::V5), kNm), CaseText("round-trip/new-profile-v5.terrix"));
+    // What terrix new writes: a profile to start from.
+    EXPECT_EQ(Written(Terrix::MakeNew(Version::V5, kNm, "WF-A01"), kNm), CaseText("round-trip/started-profile-v5.terrix"));
 }

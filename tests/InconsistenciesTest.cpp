@@ -53,6 +53,18 @@ TEST(Inconsistencies, ImportedProfilesHaveNoneAndEachEditThatBreaksTheReadingBac
                         "6 on its second",
                         "'LOADS AT SOIL SURFACE SECTION' holds 2 point forces but 3 distances",
                         "NUMDSP is 2 but 'GIVEN SOIL DISPLACEMENTS AND OPEN HOLE SECTION' holds 1 record"}));
+    // The counts follow their tables; what no count can mend stays.
+    Terrix counted = v4;
+    counted.SetCountsFromTables();
+    const ControlSection& control = counted.GetTerrixInputData().controlSection;
+    EXPECT_EQ(std::vector<int>({control.NUMTYP, control.NUMTQZ, control.NUMLAY, control.NUMDSP, *control.NUMDM}),
+              std::vector<int>({5, 7, 11, 1, 2}));
+    EXPECT_EQ(counted.FindInconsistencies(),
+              (Messages{"'MANUAL Q-Z (PILE TIP RESISTANCE) DATA SECTION' holds 5 curves but is read with 6: one per "
+                        "manual Q-Z layer and pile diameter",
+                        "Curve 2 of 'MANUAL P-Y (LATERAL RESISTANCE) DATA SECTION' has 7 values on its first line but "
+                        "6 on its second",
+                        "'LOADS AT SOIL SURFACE SECTION' holds 2 point forces but 3 distances"}));
     data.soilLayerDivisionsAndCodesForPyTzQzSection.records.resize(3);
     EXPECT_EQ(v4.FindInconsistencies()[2], "NUMLAY is 10 but the divisions of 'SOIL LAYER DIV ...' cover 7 layers");
 
@@ -70,6 +82,11 @@ TEST(Inconsistencies, ImportedProfilesHaveNoneAndEachEditThatBreaksTheReadingBac
                         "NUMLAYM is 4 but 'SKIN FRICTION AND TIP RESISTANCE (T-Z/Q-Z) SECTION' holds 3 records",
                         "'SOIL MAIN LAYERS AND PROPERTIES SECTION' is laid out without AK, but main layer 4 holds an "
                         "AK: it is not written"}));
+    // NUMLAYM follows the main layer table; the tables that disagree with it
+    // are not mended.
+    v5.SetCountsFromTables();
+    EXPECT_EQ(v5.FindInconsistencies()[2],
+              "NUMLAYM is 4 but 'SKIN FRICTION AND TIP RESISTANCE (T-Z/Q-Z) SECTION' holds 3 records");
     EXPECT_EQ(Terrix(Version::Unknown).FindInconsistencies(),
               Messages{"The version is neither 4 nor 5: no section is written"});
 }

@@ -16,6 +16,8 @@
 #include <gtest/gtest.h>
 
 #include <TerrixExchange/archive/ImportError.h>
+#include <TerrixExchange/archive/JsonExporter.h>
+#include <TerrixExchange/archive/JsonFormat.h>
 #include <TerrixExchange/document/TerrixMultipleSoilProfiles.h>
 #include <TerrixPlatform/Units/Runtime/UnitSystem.h>
 
@@ -88,5 +90,26 @@ inline std::string Written(Terrix profile, const Units::Runtime::UnitSystem& uni
 }
 // The same in the units it was read in.
 inline std::string Written(const Terrix& profile) { return Written(profile, profile.GetUnitSystem()); }
+
+// The profiles of a TERRIX text as terrix dump writes them, without the
+// answers: {"profiles": [...]}.
+inline Json DumpOf(const std::string& text) {
+    std::istringstream stream(text);
+    TerrixMultipleSoilProfiles profiles;
+    profiles.Import(stream);
+    Json list = Json::array();
+    for (const Terrix& profile : profiles.GetSoilProfiles()) list.push_back(DescribeProfile(profile));
+    return Json{{"profiles", list}};
+}
+
+// The JSON text of a case of tests/cases/json-errors: NAME.json as it
+// stands, or NAME.patch, {"base": a TERRIX file of the repository, "patch":
+// a JSON Patch}, the patch applied to the dump of the base.
+inline std::string JsonCaseText(const std::string& path) {
+    if (path.size() < 6 || path.substr(path.size() - 6) != ".patch") return FileText(path);
+    const Json patch = Json::parse(FileText(path));
+    const Json dump = DumpOf(FileText(TERRIX_EXAMPLES_DIR "/../" + patch["base"].get<std::string>()));
+    return WriteJson(dump.patch(patch["patch"]));
+}
 
 }}  // namespace TerrixExchange::Testing

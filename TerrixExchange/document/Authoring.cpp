@@ -4,6 +4,7 @@
 
 #include <climits>
 
+#include <TerrixExchange/document/TableCounts.h>
 #include <TerrixExchange/document/Terrix.h>
 
 namespace TerrixExchange {
@@ -56,11 +57,19 @@ void Terrix::SetCountsFromTables() {
     if (version_ == Version::V4) {
         control.NUMTYP = CountOf(data.soilTypeAndPropertySection.records.size());
         control.NUMTQZ = CountOf(data.skinFrictionAndTipResistanceSectionV4.records.size());
-        // The numbered layers the divisions cover; divisions that run
-        // backwards cover no count an int holds, and are left to
+        // The divisions are read until they cover NUMLAY layers, and the last
+        // may cover more: a NUMLAY that reads every division, and no more, is
+        // kept; another becomes the number of layers they cover. Divisions
+        // that run backwards cover no count an int holds, and are left to
         // FindInconsistencies.
+        const std::vector<SoilLayerDivisionsAndCodesForPyTzQzSectionRecord>& divisions =
+            data.soilLayerDivisionsAndCodesForPyTzQzSection.records;
+        std::size_t beforeLast = 0;
+        for (std::size_t i = 0; i + 1 < divisions.size(); ++i) beforeLast += divisions[i].GetSublayerCount();
         const std::size_t layers = data.soilLayerDivisionsAndCodesForPyTzQzSection.GetLayerCount();
-        if (layers <= INT_MAX) control.NUMLAY = static_cast<int>(layers);
+        const std::size_t given = RecordCount(control.NUMLAY);
+        const bool readsEveryDivision = divisions.empty() ? given == 0 : beforeLast < given && given <= layers;
+        if (!readsEveryDivision && layers <= INT_MAX) control.NUMLAY = static_cast<int>(layers);
     } else if (version_ == Version::V5) {
         control.NUMLAYM = CountOf(data.soilMainLayersAndPropertiesSection.records.size());
     }

@@ -35,6 +35,9 @@ public:
     const Terrix* TryGetSoilProfile(std::size_t index) const;
 
     const std::vector<Terrix>& GetSoilProfiles() const { return profiles_; }
+    // The profiles, for a host that edits them in place (and writes them
+    // back with ExportKeepingLines).
+    std::vector<Terrix>& GetSoilProfiles() { return profiles_; }
     // The names of all profiles in stream order, empty and repeated ones
     // included.
     std::vector<std::string> GetSoilProfileNames() const;

@@ -36,3 +36,13 @@ if(NOT step_output STREQUAL expected)
   message(FATAL_ERROR "The consumer printed:\n${step_output}\nexpected:\n${expected}")
 endif()
 message(STATUS "The library builds and runs a host program:\n${step_output}")
+
+# The host that edits a value writes the file back with that line alone new.
+run_step("Running the editing consumer" "${WORK_DIR}/build/edit-profile" "${EXAMPLE}" "${WORK_DIR}/edited.terrix")
+file(READ "${EXAMPLE}" original)
+file(READ "${WORK_DIR}/edited.terrix" edited)
+string(REPLACE "         2      22.0      19.5       1.5       2.5       0.0       0.0      80.0"
+               "         2      22.0      19.5       1.5       2.5       5.0       0.0      80.0" expected "${original}")
+if(NOT edited STREQUAL expected OR edited STREQUAL original)
+  message(FATAL_ERROR "The editing consumer wrote:\n${edited}")
+endif()

@@ -80,8 +80,10 @@ int RunCheck(const CheckOptions& options) {
             // error is not OK, one with warnings only is.
             bool sound = true;
             for (const Finding& finding : FindingsOf(read, options.strict)) {
-                std::cout << file << ":" << finding.line << (finding.isError ? ": error: " : ": warning: ")
-                          << finding.text << std::endl;
+                // JSON has no lines to point at.
+                const std::string line = finding.line != 0 ? ":" + std::to_string(finding.line) : "";
+                std::cout << file << line << (finding.isError ? ": error: " : ": warning: ") << finding.text
+                          << std::endl;
                 sound = sound && !finding.isError;
             }
             if (sound) std::cout << file << ": OK " << Summary(read.Profiles()) << std::endl;

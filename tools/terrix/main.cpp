@@ -49,7 +49,8 @@ check --strict
   curves whose displacements do not increase; layers that a curve query
   finds no modification row for; counts that disagree with their tables;
   values that are NaN or infinite. A file with an error exits 1 and is not
-  OK; one with warnings only is.
+  OK; one with warnings only is. JSON has no lines: its findings are
+  "FILE: error|warning: TEXT".
 
 show
   For each profile: its header, version, name and units; its profile-wide
