@@ -7,6 +7,9 @@
 // same, the second text the same as the first. Then every query is asked;
 // a query may fail with its std::runtime_error and with nothing else, and
 // the answers of all layers asked in one call are those of the getters.
+// The profiles read are written to JSON and read back as the same profiles,
+// and written over the text they came from they give that text back. The
+// bytes are read as JSON too, where they end in profiles or in one error.
 
 #include <cstddef>
 #include <cstdint>
@@ -18,6 +21,9 @@
 #include <string>
 #include <vector>
 
+#include <TerrixExchange/archive/JsonExporter.h>
+#include <TerrixExchange/archive/JsonFormat.h>
+#include <TerrixExchange/archive/JsonImporter.h>
 #include <TerrixExchange/document/TerrixMultipleSoilProfiles.h>
 #include <TerrixExchange/queries/LayerDivisionCheck.h>
 #include <TerrixExchange/queries/NamedQueries.h>
@@ -76,8 +82,16 @@ void ReadWriteAndAsk(const std::string& text, bool deduceUnits) {
     } catch (const std::runtime_error&) {
         return;  // the one error of a malformed file
     }
+    // Unchanged, the profiles written over their own text give it back: the
+    // text read is the input up to the end of the last profile.
+    std::ostringstream kept;
+    const bool keptLines = TerrixMultipleSoilProfiles(profiles).ExportKeepingLines(kept, text);
+    Require(keptLines && kept.str() == text, "the profiles written over their text do not give it back");
     for (const Terrix& profile : profiles.GetSoilProfiles()) {
         Require(profile.FindInconsistencies().empty(), "a profile read is inconsistent");
+        TerrixMultipleSoilProfiles fromJson;
+        fromJson.ImportJson(WriteJson(Json{{"profiles", Json::array({DescribeProfile(profile)})}}));
+        Require(Written(fromJson.GetSoilProfiles().at(0)) == Written(profile), "the profile read from its JSON differs");
         const std::string first = Written(profile);
         Terrix back;
         std::istringstream again(first);
@@ -96,8 +110,24 @@ void ReadWriteAndAsk(const std::string& text, bool deduceUnits) {
 
 }  // namespace
 
+// JSON: profiles, each written as text, or the one error of bad JSON.
+void ReadJson(const std::string& text) {
+    TerrixMultipleSoilProfiles profiles;
+    try {
+        profiles.ImportJson(text);
+    } catch (const std::runtime_error&) {
+        Require(profiles.GetSoilProfiles().empty(), "bad JSON left profiles behind");
+        return;
+    }
+    for (const Terrix& profile : profiles.GetSoilProfiles()) Written(profile);
+}
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string text(reinterpret_cast<const char*>(data), size);
+    if (IsJsonText(text)) {
+        ReadJson(text);
+        return 0;
+    }
     ReadWriteAndAsk(text, false);
     ReadWriteAndAsk(text, true);
     return 0;
