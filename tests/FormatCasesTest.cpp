@@ -65,7 +65,10 @@ TEST(FormatCases, EachRoundTripTextIsWrittenBackAsItStandsFromAnyUnits) {
             EXPECT_EQ(Written(Read(WithLineEnds(text, lineEnd))), text) << LineEndName(lineEnd);
         for (const auto& [force, length] : {std::pair("N", "mm"), std::pair("lbf", "ft"), std::pair("kN", "m")}) {
             const Terrix back = Read(Written(profile, Units::Runtime::UnitSystem(force, length)));
-            EXPECT_TRUE(back.GetTerrixInputData() == profile.GetTerrixInputData()) << force << " " << length;
+            // A NaN equals nothing, itself included: the text written back says it.
+            if (text.find("NaN") == std::string::npos) {
+                EXPECT_TRUE(back.GetTerrixInputData() == profile.GetTerrixInputData()) << force << " " << length;
+            }
             EXPECT_EQ(Written(back, profile.GetUnitSystem()), text) << force << " " << length;
         }
     }

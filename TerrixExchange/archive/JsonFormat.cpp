@@ -156,7 +156,8 @@ bool ReadNumber(const Json& value, double& number) {
     }
     if (!value.is_string()) return false;
     const std::string& text = value.get_ref<const std::string&>();
-    for (double special : {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity(),
+    for (double special : {std::numeric_limits<double>::quiet_NaN(), -std::numeric_limits<double>::quiet_NaN(),
+                           std::numeric_limits<double>::infinity(),
                            -std::numeric_limits<double>::infinity()}) {
         if (text == NonFiniteText(special)) {
             number = special;
@@ -167,7 +168,8 @@ bool ReadNumber(const Json& value, double& number) {
 }
 
 std::string NonFiniteText(double value) {
-    if (std::isnan(value)) return "NaN";
+    // A file may hold "-NaN": its sign is kept, as the text writer keeps it.
+    if (std::isnan(value)) return std::signbit(value) ? "-NaN" : "NaN";
     return value > 0 ? "Infinity" : "-Infinity";
 }
 
