@@ -214,4 +214,43 @@ TEST(Authoring, UnchangedProfilesGiveTheirTextBackAndOthersAreWrittenWhole) {
               "The profiles would not read back as they are:\n"
               "profile #0: NUMTYP is 9 but 'SOIL TYPE AND PROPERTY SECTION' holds 4 records\n"
               "profile #0: 'LOADS AT SOIL SURFACE SECTION' holds 2 point forces but 3 distances");
+    EXPECT_THROW(WrittenOver(other, v5, kept), InconsistentProfilesError);
+    EXPECT_EQ(other.FindInconsistencies().size(), 2u);
+}
+
+// What each value is, for a program that lays a profile out for people: the
+// columns of a table without records, the optional sections, the kinds,
+// dimensions, meanings and the comments the file writes.
+TEST(Authoring, FieldsDescribeEveryValueOfEverySectionOfTheVersion) {
+    const Terrix started = Terrix::MakeNew(Version::V5, Units::Runtime::UnitSystem("kN", "m"), "A");
+    const Json fields = DescribeFields(started);
+    const Json& layers = fields["SOIL MAIN LAYERS AND PROPERTIES SECTION"];
+    std::vector<std::string> columns;
+    for (const auto& column : layers["columns"].items()) columns.push_back(column.key());
+    EXPECT_EQ(columns, (std::vector<std::string>{"MAIN LAYER", "ZBOTM", "GAMTOT", "CPTTOP", "CPTBOT", "PHI", "DR",
+                                                 "SUTOP", "SUBOT", "IP", "EPSC", "API-J", "AK"}));
+    EXPECT_EQ(layers["columns"]["ZBOTM"], (Json{{"kind", "number"}, {"optional", false},
+                                                {"dimension", {0, 1}}, {"meaning", "converted"}}));
+    EXPECT_EQ(layers["columns"]["GAMTOT"]["meaning"], "as written");
+    EXPECT_EQ(layers["columns"]["GAMTOT"]["dimension"], Json::array({0, 0}));
+    EXPECT_EQ(layers["columns"]["IP"]["kind"], "whole number");
+    EXPECT_EQ(layers["parameters"]["layout"]["layouts"], Json::array({"with AK", "without AK"}));
+    const Json& control = fields["CONTROL SECTION"]["parameters"];
+    EXPECT_EQ(control["profileName"]["kind"], "text");
+    EXPECT_EQ(control["profileName"]["comment"], "NAME OF THIS SOIL PROFILE, MAX 10 CHARACTERS");
+    EXPECT_EQ(control["GAMMAW"]["dimension"], Json::array({1, -3}));
+    EXPECT_EQ(control["NUMDM"]["optional"], true);
+    EXPECT_EQ(control["NUMLAYM"]["optional"], false);
+    const Json& diameters = fields["PILE DIAMETERS AND GROUP EFFECTS SECTION"]["parameters"]["diameters"];
+    EXPECT_EQ(diameters["kind"], "numbers");
+    EXPECT_EQ(diameters["comment"], "DIAMETERS IN INCREASING ORDER");
+    EXPECT_EQ(fields["MANUAL P-Y (LATERAL RESISTANCE) DATA SECTION"]["columns"]["P-VALUES"]["dimension"],
+              Json::array({1, -2}));
+    // A profile without the optional kinds of curve has their fields too.
+    const Json v5 = DescribeFields(ReadAll(ExampleFileText("offshore-v5.terrix")).GetSoilProfiles()[0]);
+    EXPECT_TRUE(v5.contains("MANUAL BM-THETA (BASE MOMENT) DATA SECTION"));
+    EXPECT_EQ(v5.size(), fields.size());
+    const Json v4 = DescribeFields(ReadAll(ExampleFileText("north-sea-v4.terrix")).GetSoilProfiles()[0]);
+    EXPECT_EQ(v4["SKIN FRICTION AND TIP RESISTANCE (T-Z/Q-Z) SECTION"]["columns"]["G0-SOIL"]["optional"], true);
+    EXPECT_EQ(v4["SOIL TYPE AND PROPERTY SECTION"]["columns"]["SU.Z=100"]["meaning"], "at level");
 }

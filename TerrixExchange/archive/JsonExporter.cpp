@@ -143,6 +143,24 @@ Json JsonExporter::DescribeProfile(const Terrix& profile) {
     return described;
 }
 
+Json DescribeFields(const Terrix& profile) { return JsonExporter::DescribeFields(profile); }
+
+// The walk goes over a copy whose optional kinds of curve are all given, so
+// that every section of the version is met.
+Json JsonExporter::DescribeFields(const Terrix& profile) {
+    Json fields = Json::object();
+    if (profile.GetVersion() != Version::V4 && profile.GetVersion() != Version::V5) return fields;
+    Terrix walked(profile);
+    ControlSection& control = walked.GetTerrixInputData().controlSection;
+    for (boost::optional<int>* count : {&control.NUMDM, &control.NUMBS, &control.NUMBM})
+        if (!*count) *count = 0;
+    Json described = {{"sections", Json::object()}};
+    JsonExporter archive(described, EncodingOf(profile));
+    archive.fields_ = &fields;
+    walked.SerializeSections(archive);
+    return fields;
+}
+
 Json DescribeSections(const Terrix& profile) {
     Json sections;
     JsonExporter::Walk(profile, sections);

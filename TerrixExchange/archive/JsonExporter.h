@@ -75,6 +75,26 @@ Json DescribeProfile(const Terrix& profile);
 // number is the library's own value in database units (N and m).
 Json DescribeSections(const Terrix& profile);
 
+// What each value of the profile's sections is, for a program that lays the
+// profile out for people or takes values from them (a spreadsheet, a form):
+// section title -> {"parameters": {NAME: FIELD}, "columns": {NAME: FIELD}},
+// the sections in file order, the parameters (with the vectors of a
+// section, "diameters") and a table's columns in the order of the file,
+// keyed as DescribeSections keys their values. A FIELD is
+//   "kind": "whole number", "number", "numbers" (a list), "text" or "layout"
+//           (with "layouts", the names of the table layouts);
+//   "optional": true for a value the profile may leave out (null);
+//   "dimension": [force power, length power] of the value in database
+//           units, [0, 0] for plain numbers and for the columns kept as
+//           written;
+//   "meaning": "converted", or for a column the format keeps as a plain
+//           number "as written" or "at level" (see ColumnMeaning);
+//   "comment": the text the file writes after a parameter or a vector.
+// Every section of the profile's version is there, the sections of the
+// optional kinds of curve (M-theta, BS-Y, BM-theta) too whether or not the
+// profile gives them, and the columns of a table that holds no record.
+Json DescribeFields(const Terrix& profile);
+
 // A column whose numbers mean something else once the profile is written in
 // other units (see ColumnMeaning).
 struct UnitBoundColumn {
@@ -134,6 +154,8 @@ public:
     static void Walk(const Terrix& profile, Json& sections, Json& dimensions);
     // See the function DescribeProfile.
     static Json DescribeProfile(const Terrix& profile);
+    // See the function DescribeFields.
+    static Json DescribeFields(const Terrix& profile);
 
     // Describes into `profile`: the header and version there, the sections
     // under "sections".
@@ -152,19 +174,26 @@ public:
     [[nodiscard]] SectionGuard BeginSection(const std::string& title);
 
     template <class Value>
-    bool Parameter(Value&& value, const std::string& name, const std::string&) {
+    bool Parameter(Value&& value, const std::string& name, const std::string& comment) {
         (*section_)[name] = ToJson(value);
         NoteDimension(name, DimensionOf(value));
+        NoteField("parameters", name, FieldOf(value, ColumnMeaning::Converted), comment);
         return true;
     }
-    void StringParameter(const std::string& value, const std::string& name, const std::string&) {
+    void StringParameter(const std::string& value, const std::string& name, const std::string& comment) {
         (*section_)[name] = JsonText(value, encoding_);
+        NoteField("parameters", name, Field("text"), comment);
     }
     // The layout a section holds, by its name.
     template <std::size_t Count>
     void LayoutChoice(const char* name, int value, const LayoutName (&layouts)[Count]) {
-        for (const LayoutName& layout : layouts)
+        Json field = Field("layout");
+        field["layouts"] = Json::array();
+        for (const LayoutName& layout : layouts) {
             if (layout.value == value) (*section_)[name] = layout.name;
+            field["layouts"].push_back(layout.name);
+        }
+        NoteField("parameters", name, field, "");
     }
 
     template <class Record, class... Arguments>
@@ -174,6 +203,12 @@ public:
             list.push_back(Json::object());
             record_ = &list.back();
             record.Serialize(*this, arguments...);
+        }
+        // The columns of a table without records, from a record of its own.
+        if (fields_ && records.empty()) {
+            Json scratch = Json::object();
+            record_ = &scratch;
+            Record().Serialize(*this, arguments...);
         }
         record_ = nullptr;
     }
@@ -190,9 +225,11 @@ public:
         (AddColumn(columns), ...);
     }
     template <class Field>
-    void Vector(const NamedField<Field>& vector, std::size_t, const std::string&) {
+    void Vector(const NamedField<Field>& vector, std::size_t, const std::string& comment) {
         (record_ ? *record_ : *section_)[vector.name] = ToJson(vector.field);
         NoteDimension(vector.name, DimensionOf(vector.field));
+        NoteField(record_ ? "columns" : "parameters", vector.name, FieldOf(vector.field, vector.meaning),
+                  record_ ? "" : comment);
     }
 
 private:
@@ -201,6 +238,7 @@ private:
         (*record_)[column.name] = ToJson(column.field);
         NoteDimension(column.name, column.meaning == ColumnMeaning::Converted ? DimensionOf(column.field)
                                                                              : Units::Runtime::DynamicDimension{});
+        NoteField("columns", column.name, FieldOf(column.field, column.meaning), "");
         if (column.meaning != ColumnMeaning::Converted)
             MeetColumn(column.name, column.meaning, IsNonZero(column.field));
     }
@@ -256,6 +294,61 @@ private:
         if (dimensions_) (*dimensions_)[title_][name] = Json::array({dimension.force, dimension.length});
     }
 
+    // A field of DescribeFields: what a value of the field is.
+    static Json Field(const char* kind, bool optional = false, Units::Runtime::DynamicDimension dimension = {},
+                      ColumnMeaning meaning = ColumnMeaning::Converted) {
+        static const char* const meanings[] = {"converted", "as written", "at level"};
+        return Json{{"kind", kind},
+                    {"optional", optional},
+                    {"dimension", Json::array({dimension.force, dimension.length})},
+                    {"meaning", meanings[static_cast<int>(meaning)]}};
+    }
+    template <class Value>
+    static Json FieldOf(const Value& value, ColumnMeaning meaning) {
+        const Units::Runtime::DynamicDimension dimension =
+            meaning == ColumnMeaning::Converted ? DimensionOf(value) : Units::Runtime::DynamicDimension{};
+        return Field(KindOf(value), IsOptional(value), dimension, meaning);
+    }
+    static const char* KindOf(int) { return "whole number"; }
+    static const char* KindOf(double) { return "number"; }
+    template <class Phenomenon>
+    static const char* KindOf(const Units::Runtime::Quantity<Phenomenon>&) {
+        return "number";
+    }
+    template <class Phenomenon>
+    static const char* KindOf(const Dimensioned<Phenomenon>&) {
+        return "number";
+    }
+    template <class Value>
+    static const char* KindOf(const std::vector<Value>&) {
+        return "numbers";
+    }
+    template <class Phenomenon>
+    static const char* KindOf(const DimensionedVector<Phenomenon>&) {
+        return "numbers";
+    }
+    static const char* KindOf(const ValuesToEndOfLine&) { return "numbers"; }
+    template <class Value>
+    static const char* KindOf(const boost::optional<Value>&) {
+        return KindOf(Value{});
+    }
+    template <class Value>
+    static bool IsOptional(const Value&) {
+        return false;
+    }
+    template <class Value>
+    static bool IsOptional(const boost::optional<Value>&) {
+        return true;
+    }
+    void NoteField(const char* group, const std::string& name, Json field, const std::string& comment) {
+        if (!fields_) return;
+        if (!comment.empty()) field["comment"] = JsonText(comment, encoding_);
+        Json& section = (*fields_)[title_];
+        if (!section.contains("parameters")) section = {{"parameters", Json::object()}, {"columns", Json::object()}};
+        Json& notes = section[group];
+        if (!notes.contains(name)) notes[name] = std::move(field);
+    }
+
     static bool IsNonZero(double value) { return value != 0.0; }
     static bool IsNonZero(int value) { return value != 0; }
     template <class Phenomenon>
@@ -276,6 +369,7 @@ private:
     Json& profile_;
     TextEncoding encoding_;
     Json* dimensions_ = nullptr;
+    Json* fields_ = nullptr;
     Json* section_ = nullptr;
     Json* record_ = nullptr;
     std::string title_;

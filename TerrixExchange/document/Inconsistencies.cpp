@@ -10,7 +10,7 @@
 #include <vector>
 
 #include <TerrixExchange/document/TableCounts.h>
-#include <TerrixExchange/document/Terrix.h>
+#include <TerrixExchange/document/TerrixMultipleSoilProfiles.h>
 
 namespace TerrixExchange {
 
@@ -147,6 +147,21 @@ std::vector<std::string> Terrix::FindInconsistencies() const {
     CheckCount(messages, "NUMDSP", control.NUMDSP, data.givenSoilDisplacementsAndOpenHoleSection,
                "GIVEN SOIL DISPLACEMENTS AND OPEN HOLE SECTION");
     return messages;
+}
+
+std::vector<std::string> TerrixMultipleSoilProfiles::FindInconsistencies() const {
+    std::vector<std::string> problems;
+    for (std::size_t i = 0; i < profiles_.size(); ++i)
+        for (const std::string& problem : profiles_[i].FindInconsistencies())
+            problems.push_back("profile #" + std::to_string(i) + ": " + problem);
+    return problems;
+}
+
+void TerrixMultipleSoilProfiles::CheckConsistency() const {
+    std::string message = "The profiles would not read back as they are:";
+    const std::vector<std::string> problems = FindInconsistencies();
+    for (const std::string& problem : problems) message += "\n" + problem;
+    if (!problems.empty()) throw InconsistentProfilesError(message);
 }
 
 }  // namespace TerrixExchange

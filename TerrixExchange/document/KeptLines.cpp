@@ -184,11 +184,7 @@ bool TerrixMultipleSoilProfiles::ReadWithPieces(std::string_view text, const std
 }
 
 bool TerrixMultipleSoilProfiles::ExportKeepingLines(std::ostream& stream, std::string_view original) {
-    std::string problems;
-    for (std::size_t i = 0; i < profiles_.size(); ++i)
-        for (const std::string& problem : profiles_[i].FindInconsistencies())
-            problems += "\nprofile #" + std::to_string(i) + ": " + problem;
-    if (!problems.empty()) throw std::runtime_error("The profiles would not read back as they are:" + problems);
+    CheckConsistency();
 
     std::vector<UnitSystem> units;
     for (const Terrix& profile : profiles_) units.push_back(profile.unitSystem_);

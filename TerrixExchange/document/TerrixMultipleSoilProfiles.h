@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <iosfwd>
 #include <list>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,6 +15,14 @@
 #include <TerrixPlatform/Units/Runtime/UnitSystem.h>
 
 namespace TerrixExchange {
+
+// Profiles that would not read back as they are, refused before anything is
+// written: the message lists every disagreement (see
+// TerrixMultipleSoilProfiles::FindInconsistencies).
+class InconsistentProfilesError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
 
 // Several soil profiles in one stream, one after another, each a complete
 // TERRIX profile. Between two profiles stand an empty line and the marker
@@ -82,6 +91,14 @@ public:
     void ExportWithOwnHeaders(std::ostream& stream, const Units::Runtime::UnitSystem& units,
                               bool writeEndLine = true);
 
+    // Every disagreement of every profile (Terrix::FindInconsistencies), each
+    // as "profile #N: TEXT", N counted from 0; empty when all of them read
+    // back as they are.
+    std::vector<std::string> FindInconsistencies() const;
+    // Throws InconsistentProfilesError, "The profiles would not read back as
+    // they are:" and each disagreement on a line of its own, when there is one.
+    void CheckConsistency() const;
+
     // Writes the profiles over `original`, the text they were read from,
     // keeping every line that holds nothing the profiles changed: the
     // header, the comment lines, the blanks and the spelling of every
@@ -94,7 +111,7 @@ public:
     // or a profile of another version), the profiles are written whole, as
     // ExportWithOwnHeaders writes them, and the answer is false. A profile
     // that would not read back as it is (FindInconsistencies) is refused
-    // with a std::runtime_error that lists every disagreement, before
+    // with the InconsistentProfilesError of CheckConsistency, before
     // anything is written.
     bool ExportKeepingLines(std::ostream& stream, std::string_view original);
 
