@@ -21,8 +21,11 @@
 #include <pybind11/pybind11.h>
 #include <pybind11/stl.h>
 
+#include "ProfileHandle.h"
+
 #include <TerrixExchange/archive/ImportError.h>
 #include <TerrixExchange/archive/JsonExporter.h>
+#include <TerrixExchange/archive/JsonImporter.h>
 #include <TerrixExchange/document/TerrixMultipleSoilProfiles.h>
 #include <TerrixExchange/document/TextInPlace.h>
 #include <TerrixExchange/queries/LayerDivisionCheck.h>
@@ -30,27 +33,15 @@
 
 namespace py = pybind11;
 using namespace TerrixExchange;
+using TerrixPython::ImportedProfiles;
+using TerrixPython::ProfileHandle;
 
 namespace {
 
+using TerrixPython::ToPython;
+
 // A (force, length) pair of unit names, "kN", "m".
 using UnitNames = std::optional<std::pair<std::string, std::string>>;
-
-// The profiles of one import and where their values stand in the text. The
-// Profile objects of an import share it, so that reading a stream of a
-// thousand profiles copies none of them.
-struct ImportedProfiles {
-    TerrixMultipleSoilProfiles all;
-    std::vector<SourceLines> lines;
-};
-
-struct ProfileHandle {
-    std::shared_ptr<const ImportedProfiles> imported;
-    std::size_t index;
-
-    const Terrix& Profile() const { return imported->all.GetSoilProfiles()[index]; }
-    const SourceLines& Lines() const { return imported->lines[index]; }
-};
 
 struct LayerHandle {
     ProfileHandle profile;
@@ -133,35 +124,6 @@ py::object ToPython(const BasicCurveData<Curve, Modification>& data) {
     return py::cast(CurvesAndModifications(data, py::none()));
 }
 
-// A JSON value of the library (a section's description) as Python values.
-py::object ToPython(const Json& value) {
-    switch (value.type()) {
-        case Json::value_t::boolean:
-            return py::bool_(value.get<bool>());
-        case Json::value_t::number_integer:
-            return py::int_(value.get<std::int64_t>());
-        case Json::value_t::number_unsigned:
-            return py::int_(value.get<std::uint64_t>());
-        case Json::value_t::number_float:
-            return py::float_(value.get<double>());
-        case Json::value_t::string:
-            return py::str(value.get_ref<const std::string&>());  // made UTF-8 by JsonText
-        case Json::value_t::array: {
-            py::list list;
-            for (const Json& element : value) list.append(ToPython(element));
-            return std::move(list);
-        }
-        case Json::value_t::object: {
-            py::dict dict;
-            for (auto member = value.begin(); member != value.end(); ++member)
-                dict[py::str(member.key())] = ToPython(member.value());
-            return std::move(dict);
-        }
-        default:
-            return py::none();
-    }
-}
-
 // The per-layer queries by name, each giving its answer as a Python value.
 using LayerQuery = std::function<py::object(const Terrix&, const Layer&)>;
 const std::map<std::string, LayerQuery>& LayerQueries() {
@@ -190,42 +152,90 @@ py::object Answer(const LayerHandle& handle, const std::string& name) {
 // ---- Reading and writing --------------------------------------------------
 
 std::vector<ProfileHandle> Loads(const py::bytes& text, const UnitNames& units) {
-    char* data = nullptr;
-    py::ssize_t size = 0;
-    PyBytes_AsStringAndSize(text.ptr(), &data, &size);
     auto imported = std::make_shared<ImportedProfiles>();
+    imported->text = text.cast<std::string>();
     {
         py::gil_scoped_release unlocked;
-        TextInPlace buffer(data, static_cast<std::size_t>(size));
+        TextInPlace buffer(imported->text.data(), imported->text.size());
         std::istream stream(&buffer);
         if (units) imported->all.Import(stream, units->first, units->second, imported->lines);
         else imported->all.Import(stream, imported->lines);
     }
     std::vector<ProfileHandle> profiles;
-    for (std::size_t i = 0; i < imported->all.GetSoilProfiles().size(); ++i) profiles.push_back({imported, i});
+    for (std::size_t i = 0; i < imported->all.GetSoilProfiles().size(); ++i) profiles.push_back({imported, i, nullptr});
     return profiles;
 }
 
-// Each profile with its own header lines and, without `units`, in the
-// units it was read in, as terrix convert writes them. The profiles are
-// written from copies: writing leaves each in the units it was read in.
-py::bytes Dumps(const std::vector<ProfileHandle>& profiles, const UnitNames& units, bool endLine) {
+// The text the profiles were read from, when they are all the profiles of
+// one import in their order; none else.
+const std::string* OriginalText(const std::vector<ProfileHandle>& profiles) {
+    if (profiles.empty() || !profiles[0].imported) return nullptr;
+    const std::shared_ptr<const ImportedProfiles>& imported = profiles[0].imported;
+    if (profiles.size() != imported->all.GetSoilProfiles().size()) return nullptr;
+    for (std::size_t i = 0; i < profiles.size(); ++i)
+        if (profiles[i].imported != imported || profiles[i].index != i) return nullptr;
+    return &imported->text;
+}
+
+// The profiles as TERRIX text. Those of one import, all of them in their
+// order and in the units they were read in, are written over the text they
+// were read from, keeping every line that holds nothing edited; others each
+// with its own header lines and, without `units`, in the units it was read
+// in, as terrix convert writes them. The profiles are written from copies,
+// so each keeps the units it was read in. Profiles that would not read back
+// are refused, before anything is written.
+py::bytes Dumps(const std::vector<ProfileHandle>& profiles, const UnitNames& units, bool endLine, bool keepLines) {
     TerrixMultipleSoilProfiles written;
     for (const ProfileHandle& profile : profiles) written.AddSoilProfile(profile.Profile());
+    written.CheckConsistency();
     std::ostringstream text;
-    if (units)
+    const std::string* original = keepLines && !units ? OriginalText(profiles) : nullptr;
+    if (original)
+        written.ExportKeepingLines(text, *original);
+    else if (units)
         written.ExportWithOwnHeaders(text, Units::Runtime::UnitSystem(units->first, units->second), endLine);
     else
         written.ExportWithOwnHeaders(text, endLine);
     return py::bytes(text.str());
 }
 
+// A profile that a program made is known by where its fault stands in the
+// profile, not in a text.
 std::vector<LayerHandle> Layers(const ProfileHandle& handle, bool split) {
     if (const auto error = FindLayerDivisionError(handle.Profile(), handle.Lines()))
-        throw std::runtime_error(error->WithLine());
+        throw std::runtime_error(error->line ? error->WithLine() : error->text);
     std::vector<LayerHandle> layers;
     for (const Layer& layer : handle.Profile().GetLayers(split)) layers.push_back({handle, layer});
     return layers;
+}
+
+ProfileHandle MadeHere(Terrix profile) {
+    ProfileHandle handle;
+    handle.own = std::make_shared<const Terrix>(std::move(profile));
+    return handle;
+}
+
+// The format's own comment on the profile name: at most 10 characters.
+const std::size_t longestName = 10;
+
+ProfileHandle New(int version, const std::pair<std::string, std::string>& units, const std::string& name) {
+    if (version != 4 && version != 5) throw py::value_error("version: 4 or 5, not " + std::to_string(version));
+    if (version == 4 && !name.empty()) throw py::value_error("name: a version 4 profile has no name");
+    if (name.size() > longestName)
+        throw py::value_error("name '" + name + "': a profile name has at most 10 characters");
+    Terrix profile = Terrix::MakeNew(version == 4 ? Version::V4 : Version::V5,
+                                     Units::Runtime::UnitSystem(units.first, units.second), name);
+    for (const std::string& problem : profile.FindInconsistencies()) throw py::value_error("name: " + problem);
+    return MadeHere(std::move(profile));
+}
+
+ProfileHandle FromDict(py::handle object) {
+    const Json json = TerrixPython::FromPython(object, "profile");
+    try {
+        return MadeHere(ProfileFromJson(json));
+    } catch (const JsonImportError& error) {
+        throw py::value_error(error.what());
+    }
 }
 
 // The answer of a query as a Python value, a failed one as its RuntimeError.
@@ -302,6 +312,8 @@ PYBIND11_MODULE(_terrix, module) {
             raised.attr("section") = Text(error.GetSection());
             raised.attr("found") = Text(error.GetFound());
             PyErr_SetObject(importError.ptr(), raised.ptr());
+        } catch (const InconsistentProfilesError& error) {
+            PyErr_SetString(PyExc_ValueError, error.what());
         }
     });
 
@@ -335,6 +347,14 @@ PYBIND11_MODULE(_terrix, module) {
             return py::make_tuple(units.GetForceUnitName(), units.GetLengthUnitName());
         })
         .def("sections", [](const ProfileHandle& h) { return ToPython(DescribeSections(h.Profile())); })
+        .def("fields", [](const ProfileHandle& h) { return ToPython(DescribeFields(h.Profile())); },
+             "What each value of each section is (kind, optional, dimension, meaning, comment)")
+        .def("to_dict", [](const ProfileHandle& h) { return ToPython(DescribeProfile(h.Profile())); })
+        .def("set", &TerrixPython::SetValue, py::arg("title"), py::arg("name"), py::arg("value"))
+        .def("set_table", &TerrixPython::SetTable, py::arg("title"), py::arg("records"))
+        .def_property_readonly("was_read", [](const ProfileHandle& h) { return h.imported != nullptr; })
+        .def_property_readonly("is_edited", [](const ProfileHandle& h) { return h.imported && h.own; })
+        .def("inconsistencies", [](const ProfileHandle& h) { return h.Profile().FindInconsistencies(); })
         .def("parameters", &Parameters)
         .def("layers", &Layers, py::arg("split"))
         .def("layer_answers", &LayerAnswers, py::arg("layers"), py::arg("names"),
@@ -342,8 +362,20 @@ PYBIND11_MODULE(_terrix, module) {
 
     module.def("loads", &Loads, py::arg("text"), py::arg("units"),
                "The profiles of TEXT (bytes), in UNITS or in those deduced per profile");
-    module.def("dumps", &Dumps, py::arg("profiles"), py::arg("units"), py::arg("end_line"),
-               "PROFILES as TERRIX text (bytes), each with its own header lines");
+    module.def("dumps", &Dumps, py::arg("profiles"), py::arg("units"), py::arg("end_line"), py::arg("keep_lines"),
+               "PROFILES as TERRIX text (bytes): over the text they were read from, or each with its own header lines");
+    module.def("new", &New, py::arg("version"), py::arg("units"), py::arg("name"), "What terrix new writes");
+    module.def("from_dict", &FromDict, py::arg("profile"), "A profile from its object of terrix dump");
+    module.def("from_edited_dict",
+               [](py::handle object) {
+                   return TerrixPython::FromEditedObject(TerrixPython::FromPython(object, "profile"));
+               },
+               py::arg("profile"),
+               "A profile from an object a program made: lists as given, counts set from the tables");
+    module.def("to_file_number", &TerrixPython::ToFileNumber, py::arg("value"), py::arg("dimension"),
+               py::arg("force"), py::arg("length"));
+    module.def("from_file_number", &TerrixPython::FromFileNumber, py::arg("value"), py::arg("dimension"),
+               py::arg("force"), py::arg("length"));
     module.def("layer_query_names", [] {
         std::vector<std::string> names;
         ForEachLayerQuery([&](const char* name, auto) { names.push_back(name); });

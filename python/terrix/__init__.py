@@ -10,10 +10,17 @@ database units (N and m: stresses in Pa, unit weights in N/m3, angles in
 radians); the few columns the format keeps as the numbers the file gives
 (see docs/format-decisions.md) are those numbers.
 
+Profiles are edited here too (Profile.set, Profile.set_table), made anew
+(new, from_dict), written back over the text they were read from keeping
+every line that holds nothing edited, and taken to and from Excel
+workbooks (write_excel, read_excel).
+
     >>> import terrix
     >>> profile, = terrix.read("examples/offshore-v5.terrix")
     >>> profile.name, profile.units
     ('NS-MP07', ('kN', 'm'))
+    >>> profile.set("SOIL SURFACE AND GROUND WATER SECTION", "SCRLOC", 2.0)
+    >>> terrix.write(profile, "offshore-scour-2m.terrix")
 """
 
 import io
@@ -22,7 +29,7 @@ from functools import cached_property
 from . import _terrix
 from ._terrix import CurveData, TerrixImportError
 
-__all__ = ["read", "loads", "write", "dumps", "Profile", "Layer", "CurveData", "TerrixImportError",
+__all__ = ["read", "loads", "write", "dumps", "new", "from_dict", "write_excel", "read_excel", "Profile", "Layer", "CurveData", "TerrixImportError",
            "LAYER_ANSWERS", "CURVE_KINDS", "LEVEL_TABLES", "SCALAR_ANSWERS"]
 
 # Each per-layer answer of the library under its Python name: the
@@ -88,17 +95,26 @@ def loads(text, units=None):
     return [Profile(core) for core in _terrix.loads(bytes(text), _units(units))]
 
 
-def dumps(profiles, units=None, end_line=True):
-    """The TERRIX text of a profile or a list of profiles, as terrix convert
-    writes it: each profile with its own header lines, in `units` (FORCE,
-    LENGTH) or in those it was read in, the end line last if `end_line`."""
-    return _written(profiles, units, end_line).decode("utf-8", "surrogateescape")
+def dumps(profiles, units=None, end_line=True, keep_lines=True):
+    """The TERRIX text of a profile or a list of profiles.
+
+    The profiles of one read, all of them in their order, are written over
+    the text they were read from: every line that holds nothing edited stays
+    as it was, byte for byte, the end line too. Any other profiles, those
+    made in Python, those given `units` (FORCE, LENGTH) and all of them with
+    keep_lines=False are written whole as terrix convert writes them: each
+    with its own header lines, in `units` or in those it was read in, the
+    end line last if `end_line`. Profiles whose tables disagree raise
+    ValueError listing every disagreement, and nothing is written.
+    """
+    return _written(profiles, units, end_line, keep_lines).decode("utf-8", "surrogateescape")
 
 
-def write(profiles, path, units=None, end_line=True):
-    """Writes dumps(profiles, units, end_line) to `path`: a path, or a
-    binary or text file object."""
-    text = _written(profiles, units, end_line)
+def write(profiles, path, units=None, end_line=True, keep_lines=True):
+    """Writes dumps(profiles, units, end_line, keep_lines) to `path`: a
+    path, or a binary or text file object. Nothing is written (and no file
+    made) when the profiles are refused."""
+    text = _written(profiles, units, end_line, keep_lines)
     if isinstance(path, io.TextIOBase):
         path.write(text.decode("utf-8", "surrogateescape"))
     elif hasattr(path, "write"):
@@ -108,22 +124,66 @@ def write(profiles, path, units=None, end_line=True):
             file.write(text)
 
 
+def new(version=5, units=("kN", "m"), name=""):
+    """The profile that `terrix new` writes: every section of `version` (4
+    or 5), no layers yet, in `units`, named `name` (version 5, at most 10
+    characters)."""
+    return Profile(_terrix.new(int(version), tuple(units), name))
+
+
+def from_dict(profile):
+    """A Profile from its object of `terrix dump`, as Profile.to_dict gives
+    it: values in N and m, lists as long as their counts say. What the JSON
+    reader refuses raises ValueError with its message, which says where."""
+    return Profile(_terrix.from_dict(profile))
+
+
+def write_excel(profiles, path):
+    """Writes a profile or a list of profiles to an Excel workbook, a sheet
+    per profile (see terrix.excel)."""
+    from . import excel
+    excel.write_excel(profiles, path)
+
+
+def read_excel(path):
+    """The profiles of a workbook that write_excel wrote, as an engineer
+    may have edited it (see terrix.excel)."""
+    from . import excel
+    return excel.read_excel(path)
+
+
+def _records(table):
+    """The records of a DataFrame or a list of dicts as lists of dicts of
+    Python values; a DataFrame's missing cells as None."""
+    if hasattr(table, "to_dict") and hasattr(table, "columns"):
+        import pandas as pd
+        return [{column: None if _is_missing(pd, value) else value for column, value in row.items()}
+                for row in table.to_dict("records")]
+    return table
+
+
+def _is_missing(pd, value):
+    return not isinstance(value, (list, tuple)) and not hasattr(value, "__len__") and bool(pd.isna(value))
+
+
 def _units(units):
     return None if units is None else tuple(units)
 
 
-def _written(profiles, units, end_line):
+def _written(profiles, units, end_line, keep_lines):
     if isinstance(profiles, Profile):
         profiles = [profiles]
-    return _terrix.dumps([profile._core for profile in profiles], _units(units), bool(end_line))
+    return _terrix.dumps([profile._core for profile in profiles], _units(units), bool(end_line), bool(keep_lines))
 
 
 class Profile:
-    """One soil profile as the library read it.
+    """One soil profile, as the library read or made it.
 
     version, name, header and units are those of the file; sections and
     parameters are the dicts of `terrix dump` ("sections", "parameters"),
-    a parameter whose query fails being {"error": MESSAGE}.
+    a parameter whose query fails being {"error": MESSAGE}. set and
+    set_table edit it; everything asked afterwards answers from the edited
+    profile.
     """
 
     def __init__(self, core):
@@ -144,6 +204,40 @@ class Profile:
     def parameters(self):
         """Every profile-wide answer, keyed by the query's name without Get."""
         return self._core.parameters()
+
+    def set(self, section_title, name, value):
+        """Sets a parameter or a vector of a section, named as in `sections`
+        ("CONTROL SECTION", "GAMMAW"), in the units the module gives values
+        in (N and m; the columns kept as written as they stand). An unknown
+        section or name raises KeyError, a value of the wrong kind TypeError,
+        one the profile cannot hold ValueError; then nothing changes."""
+        self._core.set(section_title, name, value)
+        self._edited()
+
+    def set_table(self, section_title, table):
+        """Replaces the records of a table section with the rows of `table`:
+        a DataFrame shaped as section_frame(section_title) gives it, or a
+        list of dicts shaped as sections[section_title]["records"]. The
+        counts that go with the table follow it. In a DataFrame a missing
+        cell (NaN, None) is a value left out, as section_frame shows one.
+        Errors as for set, naming the record (from 1) and the column."""
+        self._core.set_table(section_title, _records(table))
+        self._edited()
+
+    def to_dict(self):
+        """The profile's object of `terrix dump` (without the answers
+        "parameters" and "layers"), which from_dict reads back."""
+        return self._core.to_dict()
+
+    def inconsistencies(self):
+        """What would keep the profile from reading back as it is written:
+        every count that disagrees with its table and every table that
+        disagrees with another, as messages; empty when there is none."""
+        return self._core.inconsistencies()
+
+    def _edited(self):
+        for cached in ("sections", "parameters"):
+            self.__dict__.pop(cached, None)
 
     def layers(self, split=True):
         """The computational layers from the top. Version 4: with `split`
@@ -179,6 +273,12 @@ class Profile:
     def __repr__(self):
         name = f" '{self.name}'" if self.name else ""
         return f"<terrix.Profile{name}: version {self.version}, {self.units[0]} {self.units[1]}>"
+
+    def _repr_html_(self):
+        """The profile at a glance in a notebook: its name, version and
+        units, the table of its layers and a small soil column."""
+        from . import glance
+        return glance.profile_html(self)
 
 
 class Layer:

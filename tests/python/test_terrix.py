@@ -10,27 +10,14 @@ import math
 import os
 import subprocess
 import sys
-from pathlib import Path
 
 import numpy as np
 import pytest
 
 import terrix
+from support import CASES, EXAMPLES, OFFSHORE, SOURCE, as_bytes, case_id, tool
 
-SOURCE = Path(os.environ["TERRIX_SOURCE_DIR"])
-CASES = SOURCE / "tests" / "cases"
-EXAMPLES = sorted((SOURCE / "examples").glob("*.terrix"))
 DUMP_CASES = EXAMPLES + sorted((CASES / "dump").glob("*.terrix"))
-OFFSHORE = SOURCE / "examples" / "offshore-v5.terrix"
-
-
-def case_id(path):
-    return f"{path.parent.name}/{path.name}"
-
-
-def tool(*arguments):
-    return subprocess.run([os.environ["TERRIX_TOOL"], *map(str, arguments)], check=True,
-                          capture_output=True).stdout
 
 
 def text_of(data):
@@ -132,13 +119,14 @@ ROUND_TRIP = DUMP_CASES + sorted((CASES / "round-trip").glob("*.terrix"))
 
 
 @pytest.mark.parametrize("path", ROUND_TRIP, ids=case_id)
-def test_profiles_are_written_as_terrix_convert_writes_them(path, tmp_path):
+def test_profiles_read_are_written_back_as_their_text_or_as_terrix_convert_writes_them(path, tmp_path):
     profiles = terrix.read(path)
     written = tmp_path / "written.terrix"
     terrix.write(profiles, path=written)
-    assert written.read_bytes() == tool("convert", path)
-    assert terrix.dumps(profiles).encode("utf-8", "surrogateescape") == written.read_bytes()
-    assert terrix.dumps(profiles, units=("N", "mm"), end_line=False).encode("utf-8", "surrogateescape") == tool(
+    assert written.read_bytes() == path.read_bytes()
+    assert as_bytes(terrix.dumps(profiles)) == path.read_bytes()
+    assert as_bytes(terrix.dumps(profiles, keep_lines=False)) == tool("convert", path)
+    assert as_bytes(terrix.dumps(profiles, units=("N", "mm"), end_line=False)) == tool(
         "convert", "--to", "N", "mm", "--no-end-line", path)
     assert terrix.dumps(terrix.loads(terrix.dumps(profiles))) == terrix.dumps(profiles)
     assert [p.units for p in profiles] == [p.units for p in terrix.read(path)]
@@ -146,12 +134,12 @@ def test_profiles_are_written_as_terrix_convert_writes_them(path, tmp_path):
 
 def test_reading_from_file_objects_and_named_units():
     data = OFFSHORE.read_bytes()
-    expected = terrix.dumps(terrix.read(OFFSHORE))
-    assert terrix.dumps(terrix.read(io.BytesIO(data))) == expected
-    assert terrix.dumps(terrix.read(io.StringIO(data.decode()))) == expected
-    assert terrix.dumps(terrix.read(OFFSHORE, units=("kN", "m"))) == expected
+    expected = terrix.dumps(terrix.read(OFFSHORE), keep_lines=False)
+    assert terrix.dumps(terrix.read(io.BytesIO(data)), keep_lines=False) == expected
+    assert terrix.dumps(terrix.read(io.StringIO(data.decode())), keep_lines=False) == expected
+    assert terrix.dumps(terrix.read(OFFSHORE, units=("kN", "m")), keep_lines=False) == expected
     text = io.StringIO()
-    terrix.write(terrix.read(OFFSHORE)[0], text, end_line=False)
+    terrix.write(terrix.read(OFFSHORE)[0], text, end_line=False, keep_lines=False)
     assert text.getvalue() + "\nEND OF TERRIX INPUT FILE\n" == expected
 
 
