@@ -318,9 +318,8 @@ class _Section:
             self.values[name] = _value(self.reading, cell, field)
 
     def _read_titles(self, row):
-        for cell in row:
-            if cell.value in (None, ""):
-                continue
+        last = max(cell.column for cell in row if cell.value not in (None, ""))
+        for cell in row[:last]:
             if cell.value not in self.fields["columns"]:
                 self.reading.expect(cell, f"a column of section '{self.title}'")
             self.columns.append((cell.column - 1, cell.value, self.fields["columns"][cell.value]))
