@@ -1,5 +1,7 @@
 #include <TerrixExchange/archive/NumberText.h>
 
+#include <TerrixExchange/archive/ExactDecimal.h>
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -16,66 +18,23 @@ using Units::Runtime::UnitRatio;
 
 namespace {
 
-using Wide = unsigned __int128;
+using namespace ExactDecimal;
 
-// A decimal number: sign, significant digits d1 d2 ... dn and the exponent e
-// of d1.d2...dn x 10^e. Zero has the digits "0".
-struct Decimal {
-    bool negative = false;
-    std::string digits;
-    long exponent = 0;
-};
+// Whole numbers of up to 128 bits: a unit's numerator and denominator, and
+// a digit step with one of them.
+using Wide = Units::Runtime::Unsigned128;
+
+// The low 64 bits of a whole number of either width the digit loops use.
+std::uint64_t LowBits(std::uint64_t value) { return value; }
+std::uint64_t LowBits(const Wide& value) { return value.Low(); }
 
 // Significant digits kept where a conversion by an odd ratio divides: far
 // more than the 17 a double needs, so that the double nearest to them is the
 // double nearest to the exact quotient or one of its neighbours.
 const std::size_t divisionDigits = 40;
 
-bool IsZero(const Decimal& decimal) { return decimal.digits == "0"; }
-
-void Normalize(Decimal& decimal) {
-    const std::size_t leading = decimal.digits.find_first_not_of('0');
-    if (leading == std::string::npos) {
-        decimal.digits = "0";
-        decimal.exponent = 0;
-        return;
-    }
-    decimal.digits.erase(0, leading);
-    decimal.exponent -= static_cast<long>(leading);
-    const std::size_t last = decimal.digits.find_last_not_of('0');
-    decimal.digits.erase(last + 1);
-}
-
-// A value as to_chars writes it in scientific form, the shortest that reads
-// back or with `precision` digits after the point: its sign, its digits
-// without the point, and the exponent of the first digit.
-struct Scientific {
-    bool negative = false;
-    char digits[64];
-    long count = 0;
-    long exponent = 0;
-};
-
-Scientific ScientificOf(double value, int precision = -1) {
-    char text[128];
-    const char* end =
-        (precision < 0 ? std::to_chars(text, text + sizeof text, value, std::chars_format::scientific)
-                       : std::to_chars(text, text + sizeof text, value, std::chars_format::scientific, precision))
-            .ptr;
-    Scientific scientific;
-    const char* at = text;
-    if (*at == '-') {
-        scientific.negative = true;
-        ++at;
-    }
-    for (; at != end && *at != 'e'; ++at)
-        if (*at != '.') scientific.digits[scientific.count++] = *at;
-    std::from_chars(at + 1 + (at[1] == '+'), end, scientific.exponent);
-    return scientific;
-}
-
 Decimal ShortestDecimal(double value, int precision = -1) {
-    const Scientific scientific = ScientificOf(value, precision);
+    const Scientific scientific = ToScientific(value, precision);
     Decimal decimal;
     decimal.negative = scientific.negative;
     decimal.digits.assign(scientific.digits, static_cast<std::size_t>(scientific.count));
@@ -87,38 +46,8 @@ Decimal ShortestDecimal(double value, int precision = -1) {
 // The written token as a decimal; false when it is no finite number.
 bool ToDecimal(const char* first, const char* last, Decimal& decimal) {
     decimal = Decimal{};
-    const char* at = first;
-    if (at != last && (*at == '+' || *at == '-')) decimal.negative = *at++ == '-';
-    long pointPosition = -1;
-    long digitCount = 0;
-    for (; at != last; ++at) {
-        const char c = *at;
-        if (c >= '0' && c <= '9') {
-            decimal.digits += c;
-            ++digitCount;
-        } else if (c == '.' && pointPosition < 0) {
-            pointPosition = digitCount;
-        } else {
-            break;
-        }
-    }
-    if (digitCount == 0) return false;
-    long exponent = 0;
-    if (at != last) {
-        const char c = *at;
-        if (c != 'e' && c != 'E' && c != 'd' && c != 'D') return false;
-        const char* digits = at + 1;
-        if (digits != last && *digits == '+') ++digits;
-        if (digits == last) return false;
-        const std::from_chars_result parsed = std::from_chars(digits, last, exponent);
-        if (parsed.ec != std::errc() || parsed.ptr != last) return false;
-        if (exponent > 100000 || exponent < -100000) return false;
-    }
-    // d1 d2 ... with the point after `pointPosition` digits: the exponent of
-    // d1.d2... is pointPosition - 1.
-    decimal.exponent = (pointPosition < 0 ? digitCount : pointPosition) - 1 + exponent;
-    Normalize(decimal);
-    return true;
+    if (first != last && (*first == '+' || *first == '-')) decimal.negative = *first++ == '-';
+    return ReadDecimal(first, last, true, decimal) == last;
 }
 
 // A number as files write it, of a few significant digits: M x 10^E with M
@@ -177,7 +106,7 @@ bool NearestDouble(const ShortDecimal& decimal, int shift, double& value) {
     at = std::to_chars(at, text + sizeof text, decimal.mantissa).ptr;
     *at++ = 'e';
     at = std::to_chars(at, text + sizeof text, decimal.exponent + shift).ptr;
-    const std::from_chars_result parsed = std::from_chars(text, at, value);
+    const std::from_chars_result parsed = FromChars(text, at, value);
     return parsed.ec == std::errc() && parsed.ptr == at;
 }
 
@@ -194,7 +123,7 @@ bool ToDouble(const Decimal& decimal, double& value) {
     const std::string text = (decimal.negative ? "-" : "") + decimal.digits.substr(0, 1) + "." +
                              decimal.digits.substr(1) + "e" + std::to_string(decimal.exponent);
     double result = 0.0;
-    const std::from_chars_result parsed = std::from_chars(text.data(), text.data() + text.size(), result);
+    const std::from_chars_result parsed = FromChars(text.data(), text.data() + text.size(), result);
     // A number too small for a double reads as zero; one too large is no value.
     if (parsed.ec == std::errc::result_out_of_range) {
         if (decimal.exponent > 0) return false;
@@ -221,11 +150,11 @@ Decimal MultiplyIn(const Decimal& decimal, Integer factor) {
     Integer carry = 0;
     for (std::size_t i = count; i-- > 0;) {
         const Integer step = static_cast<Integer>(decimal.digits[i] - '0') * factor + carry;
-        digits[--out] = static_cast<char>('0' + static_cast<int>(step % 10));
+        digits[--out] = static_cast<char>('0' + static_cast<int>(LowBits(step % 10)));
         carry = step / 10;
     }
     while (carry > 0) {
-        digits[--out] = static_cast<char>('0' + static_cast<int>(carry % 10));
+        digits[--out] = static_cast<char>('0' + static_cast<int>(LowBits(carry % 10)));
         carry /= 10;
     }
     Decimal product;
@@ -254,7 +183,7 @@ Decimal DivideIn(const Decimal& decimal, Integer divisor, std::size_t count) {
         const bool pastDigits = i >= decimal.digits.size();
         if (quotient.digits.size() >= count || (pastDigits && remainder == 0)) break;
         remainder = remainder * 10 + (pastDigits ? 0 : static_cast<Integer>(decimal.digits[i] - '0'));
-        const int digit = static_cast<int>(remainder / divisor);
+        const int digit = static_cast<int>(LowBits(remainder / divisor));
         remainder %= divisor;
         // The quotient digit of step i stands for 10^(exponent - i).
         if (quotient.digits.empty() && digit != 0) quotient.exponent = decimal.exponent - static_cast<long>(i);
@@ -271,110 +200,6 @@ Decimal Divide(const Decimal& decimal, Wide divisor, std::size_t count) {
     return DivideIn<Wide>(decimal, divisor, count);
 }
 
-// A whole number of any size, little-endian in 32-bit limbs: just what the
-// exact choice between two doubles needs.
-class Natural {
-public:
-    explicit Natural(Wide value) {
-        for (; value != 0; value >>= 32) limbs_.push_back(static_cast<std::uint32_t>(value));
-    }
-
-    void Multiply(std::uint64_t factor) {
-        Wide carry = 0;
-        for (std::uint32_t& limb : limbs_) {
-            const Wide step = static_cast<Wide>(limb) * factor + carry;
-            limb = static_cast<std::uint32_t>(step);
-            carry = step >> 32;
-        }
-        for (; carry != 0; carry >>= 32) limbs_.push_back(static_cast<std::uint32_t>(carry));
-    }
-
-    void ShiftLeft(unsigned bits) {
-        for (; bits >= 32; bits -= 32) limbs_.insert(limbs_.begin(), 0u);
-        if (bits > 0) Multiply(std::uint64_t{1} << bits);
-    }
-
-    // The decimal digits, most significant first ("0" for zero).
-    std::string Digits() const {
-        std::vector<std::uint32_t> rest = limbs_;
-        std::string reversed;
-        while (!rest.empty()) {
-            std::uint64_t remainder = 0;
-            for (std::size_t i = rest.size(); i-- > 0;) {
-                const std::uint64_t current = (remainder << 32) | rest[i];
-                rest[i] = static_cast<std::uint32_t>(current / 1000000000u);
-                remainder = current % 1000000000u;
-            }
-            while (!rest.empty() && rest.back() == 0) rest.pop_back();
-            for (int k = 0; k < 9 && (remainder != 0 || !rest.empty()); ++k, remainder /= 10)
-                reversed += static_cast<char>('0' + remainder % 10);
-        }
-        return reversed.empty() ? "0" : std::string(reversed.rbegin(), reversed.rend());
-    }
-
-private:
-    std::vector<std::uint32_t> limbs_;
-};
-
-// A non-negative double, or a point between two of them, as mantissa x
-// 2^exponent.
-struct Binary {
-    std::uint64_t mantissa;
-    int exponent;
-};
-
-Binary Decompose(double value) {
-    std::uint64_t bits = 0;
-    std::memcpy(&bits, &value, sizeof bits);
-    const int biased = static_cast<int>(bits >> 52);
-    const std::uint64_t fraction = bits & ((std::uint64_t{1} << 52) - 1);
-    if (biased == 0) return Binary{fraction, -1074};
-    return Binary{fraction | (std::uint64_t{1} << 52), biased - 1075};
-}
-
-// 2^1024, the first power of two past the largest double: a number at or
-// beyond the point halfway to it rounds to infinity.
-const Binary pastLargest{std::uint64_t{1} << 53, 971};
-
-// The point halfway between two neighbouring doubles `low` < `high`.
-Binary Midpoint(const Binary& low, const Binary& high) {
-    return Binary{low.mantissa + (high.mantissa << (high.exponent - low.exponent)), low.exponent - 1};
-}
-
-// point x factor, exactly, as a decimal.
-Decimal Times(const Binary& point, Wide factor) {
-    Natural number(factor);
-    number.Multiply(point.mantissa);
-    long shift = 0;
-    if (point.exponent >= 0) {
-        number.ShiftLeft(static_cast<unsigned>(point.exponent));
-    } else {
-        // 2^-k = 5^k / 10^k
-        for (int k = -point.exponent; k > 0; k -= 27) {
-            std::uint64_t power = 1;
-            for (int j = 0; j < std::min(k, 27); ++j) power *= 5;
-            number.Multiply(power);
-        }
-        shift = point.exponent;
-    }
-    Decimal decimal;
-    decimal.digits = number.Digits();
-    decimal.exponent = static_cast<long>(decimal.digits.size()) - 1 + shift;
-    Normalize(decimal);
-    return decimal;
-}
-
-// The order of two decimals by their magnitude: -1, 0 or 1.
-int CompareMagnitudes(const Decimal& a, const Decimal& b) {
-    if (IsZero(a) || IsZero(b)) return IsZero(a) == IsZero(b) ? 0 : IsZero(a) ? -1 : 1;
-    if (a.exponent != b.exponent) return a.exponent < b.exponent ? -1 : 1;
-    // Without trailing zeros, a text that is a prefix of the other is the smaller number.
-    const int order = a.digits.compare(b.digits);
-    return order < 0 ? -1 : order > 0 ? 1 : 0;
-}
-
-bool IsEven(double value) { return (Decompose(value).mantissa & 1) == 0; }
-
 // A first guess at decimal x numerator / denominator: the leading digits are
 // enough to land on the double nearest to the exact value or on a neighbour.
 bool Guess(const Decimal& decimal, const UnitRatio& ratio, double& value) {
@@ -382,51 +207,7 @@ bool Guess(const Decimal& decimal, const UnitRatio& ratio, double& value) {
     leading.negative = decimal.negative;
     leading.digits = decimal.digits.substr(0, divisionDigits + 20);
     leading.exponent = decimal.exponent;
-    return ToDouble(Divide(Multiply(leading, static_cast<Wide>(ratio.numerator)), static_cast<Wide>(ratio.denominator),
-                           divisionDigits),
-                    value);
-}
-
-// decimal x numerator / denominator rounded once, exactly, to the nearest
-// double (halfway: the even one). From a guess, the result moves to a
-// neighbour while the exact value lies beyond the point halfway to it; the
-// comparison is x numerator against halfway point x denominator, both exact
-// decimals, so it takes time linear in the number of digits however many
-// digits agree.
-// From a guess at a positive result, the double nearest to the exact value
-// (halfway: the even one), told by `side` (-1, 0, 1: the exact value below,
-// at or beyond a point between two doubles). The result moves to a neighbour
-// while the exact value lies beyond the point halfway to it, at most
-// `maxSteps` times. False when it rounds to infinity or needs more steps.
-template <class Side>
-bool RoundExactly(double guess, bool negative, const Side& side, double& value,
-                  long maxSteps = std::numeric_limits<long>::max()) {
-    const double largest = std::numeric_limits<double>::max();
-    double result = std::fabs(guess);
-    for (long step = 0;; ++step) {
-        if (step > maxSteps) return false;
-        if (result > 0.0) {
-            const double lower = std::nextafter(result, 0.0);
-            const int below = side(Midpoint(Decompose(lower), Decompose(result)));
-            if (below < 0) {
-                result = lower;
-                continue;
-            }
-            if (below == 0) {
-                if (IsEven(lower)) result = lower;
-                break;
-            }
-        }
-        const Binary upper = result == largest ? pastLargest : Decompose(std::nextafter(result, largest));
-        const int above = side(Midpoint(Decompose(result), upper));
-        if (above < 0 || (above == 0 && IsEven(result))) break;
-        // Past the largest double the number rounds to infinity: no value.
-        if (result == largest) return false;
-        result = std::nextafter(result, largest);
-        if (above == 0) break;
-    }
-    value = negative ? -result : result;
-    return true;
+    return ToDouble(Divide(Multiply(leading, ratio.numerator), ratio.denominator, divisionDigits), value);
 }
 
 // decimal x numerator / denominator rounded once, exactly, to the nearest
@@ -438,8 +219,8 @@ bool MultiplyDivideExactly(const Decimal& decimal, const UnitRatio& ratio, doubl
         value = decimal.negative ? -0.0 : 0.0;
         return true;
     }
-    const Wide denominator = static_cast<Wide>(ratio.denominator);
-    const Decimal product = Multiply(decimal, static_cast<Wide>(ratio.numerator));
+    const Wide denominator = ratio.denominator;
+    const Decimal product = Multiply(decimal, ratio.numerator);
     auto side = [&](const Binary& point) { return CompareMagnitudes(product, Times(point, denominator)); };
     return RoundExactly(guess, decimal.negative, side, value);
 }
@@ -457,7 +238,7 @@ bool MultiplyDivideExactly(const Decimal& decimal, const UnitRatio& ratio, doubl
 class FixedNatural {
 public:
     explicit FixedNatural(Wide value) {
-        for (; value != 0; value >>= 32) Push(static_cast<std::uint32_t>(value));
+        for (; value != 0; value >>= 32) Push(static_cast<std::uint32_t>(value.Low()));
     }
     FixedNatural(const FixedNatural& other) { *this = other; }
     // Only the limbs in use are copied.
@@ -659,8 +440,8 @@ bool ParseShortInRatio(const char* first, const char* last, const UnitScale& sca
     // M x numerator x 10^E against point x denominator: the powers of five of
     // 10^E go to the side where they multiply, its powers of two are exponents.
     FixedNatural left(static_cast<Wide>(mantissa));
-    left.Multiply(FixedNatural(static_cast<Wide>(scale.size.numerator)));
-    FixedNatural right(static_cast<Wide>(scale.size.denominator));
+    left.Multiply(FixedNatural(scale.size.numerator));
+    FixedNatural right(scale.size.denominator);
     if (exponent > 0) left.MultiplyByPowerOfFive(static_cast<int>(exponent));
     else right.MultiplyByPowerOfFive(static_cast<int>(-exponent));
     bool overflowed = left.Overflowed() || right.Overflowed();
@@ -687,31 +468,6 @@ bool Convert(const Decimal& written, const UnitRatio& unitSize, double& value) {
     return MultiplyDivideExactly(written, unitSize, guess, value);
 }
 
-// The decimal rounded half up to `count` significant digits.
-Decimal Rounded(const Decimal& decimal, std::size_t count) {
-    if (decimal.digits.size() <= count) return decimal;
-    Decimal result = decimal;
-    result.digits.erase(count);
-    if (decimal.digits[count] >= '5') {
-        std::size_t i = count;
-        while (i > 0) {
-            --i;
-            if (result.digits[i] == '9') {
-                result.digits[i] = '0';
-            } else {
-                ++result.digits[i];
-                break;
-            }
-            if (i == 0) {
-                result.digits.insert(result.digits.begin(), '1');
-                ++result.exponent;
-            }
-        }
-    }
-    Normalize(result);
-    return result;
-}
-
 // The shortest decimal that reads back as `value` in a unit of the size.
 Decimal ShortestWritten(double value, const UnitScale& scale) {
     if (scale.isPowerOfTen) {
@@ -720,11 +476,10 @@ Decimal ShortestWritten(double value, const UnitScale& scale) {
         return decimal;
     }
     const UnitRatio& unitSize = scale.size;
-    const Decimal exact = Divide(Multiply(ShortestDecimal(value, static_cast<int>(divisionDigits)),
-                                          static_cast<Wide>(unitSize.denominator)),
-                                 static_cast<Wide>(unitSize.numerator), divisionDigits);
+    const Decimal exact = Divide(Multiply(ShortestDecimal(value, static_cast<int>(divisionDigits)), unitSize.denominator),
+                                 unitSize.numerator, divisionDigits);
     for (std::size_t count = 1; count < divisionDigits; ++count) {
-        const Decimal candidate = Rounded(exact, count);
+        const Decimal candidate = Rounded(exact, count, Halfway::Up);
         // Reading in 64-bit precision decides most candidates; of the rest,
         // the guess rules out most cheaply, and the exact reading decides for
         // those it leaves.
@@ -821,7 +576,7 @@ std::string FormatReal(double value, int fieldWidth, const UnitRatio& unitSize) 
 // std::to_chars gives, without building the decimal. False when it does not
 // fit or has no plain form, for the general way to decide.
 bool FitPlainText(double value, int powerOfTen, std::size_t width, std::string& text) {
-    const Scientific shortest = ScientificOf(value);
+    const Scientific shortest = ToScientific(value);
     const bool isZero = shortest.count == 1 && shortest.digits[0] == '0';
     const long exponent = isZero ? 0 : shortest.exponent - powerOfTen;
     if (!HasPlainForm(exponent)) return false;
@@ -864,7 +619,7 @@ bool ParseReal(const char* first, const char* last, double& value, const UnitSca
     // NaN and infinities have no unit.
     double special = 0.0;
     if (first != last && *first == '+') ++first;
-    const std::from_chars_result parsed = std::from_chars(first, last, special);
+    const std::from_chars_result parsed = FromChars(first, last, special);
     if (parsed.ec != std::errc() || parsed.ptr != last || std::isfinite(special)) return false;
     value = special;
     return true;

@@ -8,14 +8,19 @@ namespace TerrixExchange { namespace Units { namespace Runtime {
 
 namespace {
 
+// a x b is at most 10^36, which leaves room in 128 bits for the reduction.
+bool IsBelowLimit(const Unsigned128& a, const Unsigned128& b) {
+    // Of a bits and b bits, a product has fewer than a + b bits.
+    if (a.BitLength() + b.BitLength() > 128) return false;
+    const Unsigned128 limit = Unsigned128(1000000000000000000u) * Unsigned128(1000000000000000000u);
+    return a * b <= limit;
+}
+
 // from / to as an exact ratio; false when the whole numbers would overflow
 // (only between two unit systems that both have odd units, never to or from
 // the database unit system).
 bool TryGetRatio(const UnitRatio& from, const UnitRatio& to, UnitRatio& ratio) {
-    const long double limit = 1.0e36L;
-    const long double numerator = static_cast<long double>(from.numerator) * static_cast<long double>(to.denominator);
-    const long double denominator = static_cast<long double>(from.denominator) * static_cast<long double>(to.numerator);
-    if (numerator > limit || denominator > limit) return false;
+    if (!IsBelowLimit(from.numerator, to.denominator) || !IsBelowLimit(from.denominator, to.numerator)) return false;
     ratio = UnitRatio::Reduced(from.numerator * to.denominator, from.denominator * to.numerator);
     return true;
 }

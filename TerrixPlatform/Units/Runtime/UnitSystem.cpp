@@ -2,6 +2,8 @@
 
 #include <TerrixPlatform/Units/Runtime/UnitRatio.h>
 
+#include <cmath>
+#include <cstdint>
 #include <stdexcept>
 
 namespace TerrixExchange { namespace Units { namespace Runtime {
@@ -10,8 +12,8 @@ namespace {
 
 struct NamedUnit {
     const char* name;
-    long long numerator;
-    long long denominator;
+    std::uint64_t numerator;
+    std::uint64_t denominator;
 };
 
 // Exact definitions: the inch is 25.4 mm, the foot 0.3048 m, the pound-force
@@ -26,8 +28,8 @@ const NamedUnit forceUnits[] = {
     {"MN", 1000000, 1},
     {"GN", 1000000000, 1},
     {"mN", 1, 1000},
-    {"lbf", 44482216152605LL, 10000000000000LL},
-    {"kipf", 44482216152605LL, 10000000000LL},
+    {"lbf", 44482216152605u, 10000000000000u},
+    {"kipf", 44482216152605u, 10000000000u},
     {"kgf", 980665, 100000},
 };
 
@@ -38,9 +40,9 @@ const NamedUnit* Find(const NamedUnit (&units)[N], const std::string& name) {
     return nullptr;
 }
 
-__int128 GreatestCommonDivisor(__int128 a, __int128 b) {
+Unsigned128 GreatestCommonDivisor(Unsigned128 a, Unsigned128 b) {
     while (b != 0) {
-        const __int128 rest = a % b;
+        const Unsigned128 rest = a % b;
         a = b;
         b = rest;
     }
@@ -59,21 +61,37 @@ UnitRatio Power(UnitRatio base, int exponent) {
 }
 
 // 2^53: whole numbers up to it are exact doubles.
-const __int128 exactLimit = static_cast<__int128>(1) << 53;
+const Unsigned128 exactLimit = Unsigned128(1) << 53;
 
 }  // namespace
 
-UnitRatio UnitRatio::Reduced(__int128 numerator, __int128 denominator) {
-    const __int128 divisor = GreatestCommonDivisor(numerator, denominator);
+UnitRatio UnitRatio::Reduced(Unsigned128 numerator, Unsigned128 denominator) {
+    const Unsigned128 divisor = GreatestCommonDivisor(numerator, denominator);
     return UnitRatio{numerator / divisor, denominator / divisor};
 }
 
 double UnitRatio::ToDouble() const {
-    return static_cast<double>(static_cast<long double>(numerator) / static_cast<long double>(denominator));
+    // The quotient in binary, by long division, to 64 significant bits; a bit
+    // below them stands for any remainder that is left, so that the one
+    // rounding to 53 bits is that of the exact quotient.
+    Unsigned128 remainder;
+    Unsigned128 scaled = Unsigned128::Divide(numerator, denominator, remainder);
+    int fractionBits = 0;
+    for (; scaled.BitLength() < 64; ++fractionBits) {
+        remainder <<= 1;
+        scaled <<= 1;
+        if (remainder >= denominator) {
+            remainder -= denominator;
+            scaled += 1;
+        }
+    }
+    if (remainder != 0) scaled = scaled << 1 | 1;
+    else scaled <<= 1;
+    return std::ldexp(static_cast<double>(scaled), -fractionBits - 1);
 }
 
 bool UnitRatio::IsPowerOfTen(int& exponent) const {
-    auto tens = [](__int128 number, int& count) {
+    auto tens = [](Unsigned128 number, int& count) {
         count = 0;
         while (number > 1 && number % 10 == 0) {
             number /= 10;
@@ -119,15 +137,16 @@ UnitSystem::UnitSystem(const std::string& forceUnit, const std::string& lengthUn
     // no larger than the table's, so they fit again.
     const UnitRatio forceSize = UnitRatio::Reduced(force->numerator, force->denominator);
     const UnitRatio lengthSize = UnitRatio::Reduced(length->numerator, length->denominator);
-    forceNumerator_ = static_cast<long long>(forceSize.numerator);
-    forceDenominator_ = static_cast<long long>(forceSize.denominator);
-    lengthNumerator_ = static_cast<long long>(lengthSize.numerator);
-    lengthDenominator_ = static_cast<long long>(lengthSize.denominator);
+    forceNumerator_ = static_cast<long long>(forceSize.numerator.Low());
+    forceDenominator_ = static_cast<long long>(forceSize.denominator.Low());
+    lengthNumerator_ = static_cast<long long>(lengthSize.numerator.Low());
+    lengthDenominator_ = static_cast<long long>(lengthSize.denominator.Low());
 }
 
 UnitRatio UnitSystem::GetSize(DynamicDimension dimension) const {
-    const UnitRatio force{forceNumerator_, forceDenominator_};
-    const UnitRatio length{lengthNumerator_, lengthDenominator_};
+    const UnitRatio force{static_cast<std::uint64_t>(forceNumerator_), static_cast<std::uint64_t>(forceDenominator_)};
+    const UnitRatio length{static_cast<std::uint64_t>(lengthNumerator_),
+                           static_cast<std::uint64_t>(lengthDenominator_)};
     return Times(Power(force, dimension.force), Power(length, dimension.length));
 }
 
