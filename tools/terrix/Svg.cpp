@@ -5,6 +5,9 @@
 #include <cmath>
 #include <cstdio>
 #include <limits>
+#include <tuple>
+
+#include <TerrixExchange/archive/NumberText.h>
 
 #include "FileUnits.h"
 
@@ -35,7 +38,8 @@ std::string Number(double value) {
     const unsigned long long magnitude = static_cast<unsigned long long>(tenths < 0 ? -tenths : tenths);
     char* end = buffer;
     if (tenths < 0) *end++ = '-';
-    end = std::to_chars(end, buffer + sizeof buffer, magnitude / 10).ptr;
+    // A sign and at most 20 digits go before the point.
+    end = std::to_chars(end, buffer + 21, magnitude / 10).ptr;
     *end++ = '.';
     *end++ = static_cast<char>('0' + magnitude % 10);
     return std::string(buffer, end);
@@ -106,7 +110,7 @@ std::string TickText(double value) {
     char buffer[32];
     const auto end = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::general, 6).ptr;
     double rounded = value;
-    std::from_chars(buffer, end, rounded);
+    TerrixExchange::ParseReal(std::string(buffer, end), rounded);
     return Compact(rounded, 8);
 }
 
@@ -165,8 +169,10 @@ std::string Chart::Render(const std::string& cssClass) const {
     const double top = depthDown_ ? marginTop : 24, bottom = height_ - (depthDown_ ? marginBottom : 36);
 
     // The axes run from tick to tick, so that both ends carry a value.
-    auto [xLow, xHigh] = XData();
-    auto [yLow, yHigh] = YData();
+    // Plain variables, not structured bindings: the lambdas below capture them.
+    double xLow = 0.0, xHigh = 0.0, yLow = 0.0, yHigh = 0.0;
+    std::tie(xLow, xHigh) = XData();
+    std::tie(yLow, yHigh) = YData();
     const std::vector<double> xTicks = showXAxis_ ? Ticks(xLow, xHigh, 4) : std::vector<double>{};
     if (xTicks.size() > 1) xLow = xTicks.front(), xHigh = xTicks.back();
     const std::vector<double> yTicks = Ticks(yLow, yHigh, 8);
