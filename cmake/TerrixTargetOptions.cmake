@@ -6,7 +6,7 @@ set(TERRIX_SANITIZE_FLAGS -fsanitize=address,undefined -fno-sanitize-recover=und
 
 function(terrix_target_options target)
   if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
-    target_compile_options(${target} PRIVATE -Wall -Wextra)
+    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic)
   endif()
   if(TERRIX_SANITIZE)
     target_compile_options(${target} PRIVATE ${TERRIX_SANITIZE_FLAGS})

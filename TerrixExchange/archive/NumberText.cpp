@@ -103,7 +103,8 @@ bool NearestDouble(const ShortDecimal& decimal, int shift, double& value) {
     char text[48];
     char* at = text;
     if (decimal.negative) *at++ = '-';
-    at = std::to_chars(at, text + sizeof text, decimal.mantissa).ptr;
+    // A sign and at most 20 digits go before the exponent.
+    at = std::to_chars(at, text + 21, decimal.mantissa).ptr;
     *at++ = 'e';
     at = std::to_chars(at, text + sizeof text, decimal.exponent + shift).ptr;
     const std::from_chars_result parsed = FromChars(text, at, value);
