@@ -1,11 +1,18 @@
 #include <TerrixExchange/queries/SoundnessCheck.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <exception>
+#include <stdexcept>
+#include <utility>
+
+#include <boost/optional.hpp>
 
 #include <TerrixExchange/archive/JsonExporter.h>
 #include <TerrixExchange/queries/LayerDivisionCheck.h>
+#include <TerrixExchange/queries/LayerLookup.h>
+#include <TerrixExchange/queries/NamedQueries.h>
 #include <TerrixPlatform/Units/Runtime/FastUnitConverter.h>
 
 namespace TerrixExchange {
@@ -39,6 +46,12 @@ public:
     std::uint64_t Parameter(const std::string& title, const std::string& name) const {
         const std::uint64_t line = lines_.GetParameterLine(title, name);
         return line != 0 ? line : Section(title);
+    }
+
+    std::size_t ErrorCount() const {
+        return static_cast<std::size_t>(std::count_if(found_.begin(), found_.end(), [](const SoundnessFinding& found) {
+            return found.severity == SoundnessFinding::Severity::Error;
+        }));
     }
 
     std::vector<SoundnessFinding> Take() { return std::move(found_); }
@@ -201,41 +214,210 @@ void CheckCurves(const Terrix& profile, Findings& findings) {
     }
 }
 
-// A curve query that fails for want of a modification row: the finding
-// stands at the modification section (or, when the file has none, at the
-// layer's own row).
-void CheckModifications(const Terrix& profile, const SourceLines& lines, Findings& findings) {
-    // Divisions that cannot be split are told by CheckDivisions; asking
-    // for their layers could take for ever.
-    if (FindLayerDivisionError(profile, lines)) return;
-    std::vector<Layer> layers;
-    try {
-        layers = profile.GetLayers(false);
-    } catch (const std::exception&) {
-        return;  // told by the other checks
-    }
-    const bool isVersion5 = profile.GetVersion() == Version::V5;
-    for (std::size_t i = 0; i < layers.size(); ++i) {
-        const Layer& layer = layers[i];
-        auto ask = [&](const char* title, auto query) {
-            try {
-                query();
-            } catch (const std::exception& error) {
-                const std::string message = error.what();
-                if (message.find("modifications") == std::string::npos) return;
-                const std::uint64_t line = findings.Section(title);
-                const std::string layerName =
-                    layer.layerCount <= 1 ? "layer " + std::to_string(layer.firstLayer)
-                                          : "layers " + std::to_string(layer.firstLayer) + "-" +
-                                                std::to_string(layer.firstLayer + layer.layerCount - 1);
-                findings.Error(line != 0 ? line : findings.Row(isVersion5 ? subdivisionTitle : divisionTitle, i),
-                               layerName + ": " + message + ": no row covers the layer at every pile diameter");
+// "layer 7", "layers 3-5".
+std::string LayersName(std::int64_t first, std::int64_t last) {
+    return first == last ? "layer " + std::to_string(first)
+                         : "layers " + std::to_string(first) + "-" + std::to_string(last);
+}
+
+// The findings of the numbered layers of one layer division, joined where
+// neighbours have the same: "layers 3-5, diameter 2.134: ...".
+class LayerFindings {
+public:
+    explicit LayerFindings(Findings& findings) : findings_(findings) {}
+
+    void Add(std::int64_t layer, std::uint64_t line, const std::string& text) {
+        for (Run& run : runs_)
+            if (run.line == line && run.text == text && run.last + 1 == layer) {
+                run.last = layer;
+                return;
             }
-        };
-        ask("P-Y (LATERAL RESISTANCE) DATA MODIFICATION SECTION", [&] { profile.GetPyData(layer); });
-        ask("T-Z (SKIN FRICTION) DATA MODIFICATION SECTION", [&] { profile.GetTzData(layer); });
-        ask("Q-Z (PILE TIP RESISTANCE) DATA MODIFICATION SECTION", [&] { profile.GetQzData(layer); });
+        runs_.push_back({layer, layer, line, text});
     }
+
+    // Ends the division: its findings go out in the order they came, "{it}"
+    // and "{its}" of their texts said of one layer or of several.
+    void Flush() {
+        for (const Run& run : runs_) {
+            std::string text = run.text;
+            const bool one = run.first == run.last;
+            for (const auto& [word, said] : {std::pair<std::string, std::string>("{it}", one ? "it" : "them"),
+                                             std::pair<std::string, std::string>("{its}", one ? "its" : "their")})
+                for (std::size_t at = text.find(word); at != std::string::npos; at = text.find(word, at))
+                    text.replace(at, word.size(), said);
+            findings_.Error(run.line, LayersName(run.first, run.last) + text);
+        }
+        runs_.clear();
+    }
+
+private:
+    struct Run {
+        std::int64_t first;
+        std::int64_t last;
+        std::uint64_t line;
+        std::string text;
+    };
+    Findings& findings_;
+    std::vector<Run> runs_;
+};
+
+// The first pile diameter at which `lookup(diameter)` fails with `message`.
+template <class Lookup>
+boost::optional<Length> FirstDiameterFailing(const Terrix& profile, const std::string& message, Lookup lookup) {
+    for (const Length& diameter : profile.GetTerrixInputData().pileDiametersAndGroupEffectsSection.diameters) {
+        try {
+            lookup(diameter);
+        } catch (const std::runtime_error& error) {
+            if (message == error.what()) return diameter;
+        }
+    }
+    return boost::none;
+}
+
+// Where a curve-data query of a numbered layer fails, and why: a pile
+// diameter that no modification row covers (at the section's last row,
+// where a covering row would go, or its title; at the layer's division when
+// the file has no such section), a code 0 without its manual curve (at the
+// division that gives the code), or anything else at the division.
+template <class ManualSection, class ModificationSection>
+void CheckCurveQuery(const Terrix& profile, const Layer& layer, const std::string& message,
+                     const ManualSection& manual, const ModificationSection& modifications,
+                     std::uint64_t divisionLine, Findings& findings, LayerFindings& layerFindings) {
+    const int number = layer.firstLayer;
+    if (const auto diameter = FirstDiameterFailing(
+            profile, message, [&](const Length& d) { modifications.GetModification(number, d); })) {
+        const std::string title = ModificationSection::GetTitle();
+        std::uint64_t line = modifications.records.empty()
+                                 ? findings.Section(title)
+                                 : findings.Row(title, modifications.records.size() - 1);
+        if (line == 0) line = divisionLine;
+        layerFindings.Add(number, line,
+                          ", diameter " + findings.InFile(*diameter) + ": " + message + ": no row of the " + title +
+                              " covers {it}");
+    } else if (const auto missing = FirstDiameterFailing(
+                   profile, message, [&](const Length& d) { manual.GetManualCurve(number, d); })) {
+        layerFindings.Add(number, divisionLine,
+                          ", diameter " + findings.InFile(*missing) + ": " + message +
+                              ": {its} code 0 asks for a curve of the " + ManualSection::GetTitle());
+    } else {
+        layerFindings.Add(number, divisionLine, ": " + message);
+    }
+}
+
+// The line of the division (version 4) or main layer (version 5) whose
+// layer holds the numbered layer `number`.
+std::uint64_t DivisionLine(const Terrix& profile, const std::vector<Layer>& divisions, std::int64_t number,
+                           Findings& findings) {
+    const bool isVersion5 = profile.GetVersion() == Version::V5;
+    for (std::size_t i = 0; i < divisions.size(); ++i)
+        if (divisions[i].firstLayer <= number &&
+            number - divisions[i].firstLayer < static_cast<std::int64_t>(divisions[i].layerCount))
+            return findings.Row(isVersion5 ? subdivisionTitle : divisionTitle, i);
+    return findings.Section(isVersion5 ? subdivisionTitle : divisionTitle);
+}
+
+bool IsCurveData(const std::string& name) {
+    return name == "PyData" || name == "TzData" || name == "QzData" || name == "MthetaData" || name == "BSyData" ||
+           name == "BMthetaData";
+}
+
+// Whatever makes GetLayers(true), or an answer of a layer it gives, fail.
+// GetLayers(true) cuts each version 4 division into its numbered layers and
+// asks the six kinds of curve data of each, to join those that agree: each
+// such query is asked here of each numbered layer, and a failure named at the
+// record that causes it. The layers' other answers (soil properties, axial
+// tables) are asked of the layers GetLayers(true) gives; their curve data
+// are those of their first numbered layer, asked already.
+void CheckLayerQueries(const Terrix& profile, const SourceLines& lines, Findings& findings) {
+    // Divisions that cannot be split: one that runs backwards is told by
+    // CheckDivisions; one that counts more layers than any profile has is
+    // told here. Splitting either would never end.
+    const auto& divisionRecords = profile.GetTerrixInputData().soilLayerDivisionsAndCodesForPyTzQzSection.records;
+    if (const auto divisionError = FindLayerDivisionError(profile, lines)) {
+        const bool runsBackwards = std::any_of(divisionRecords.begin(), divisionRecords.end(),
+                                               [](const auto& record) { return record.LAYER2 < record.LAYER1; });
+        if (!runsBackwards) findings.Error(divisionError->line, divisionError->text);
+        return;
+    }
+    const TerrixInputData& data = profile.GetTerrixInputData();
+    const bool isVersion5 = profile.GetVersion() == Version::V5;
+    const char* const layersTitle = isVersion5 ? subdivisionTitle : divisionTitle;
+    const std::vector<Layer> divisions = profile.GetLayers(false);
+    std::vector<std::vector<Layer>> piecesOfDivisions;
+    std::vector<Layer> pieces;
+    for (const Layer& division : divisions) {
+        piecesOfDivisions.push_back(isVersion5 ? std::vector<Layer>{division} : division.Split());
+        pieces.insert(pieces.end(), piecesOfDivisions.back().begin(), piecesOfDivisions.back().end());
+    }
+    const std::size_t errorsBefore = findings.ErrorCount();
+    {
+        const LayerLookup lookup(profile, pieces);
+        LayerFindings layerFindings(findings);
+        for (std::size_t i = 0; i < divisions.size(); ++i) {
+            const std::uint64_t line = findings.Row(layersTitle, i);
+            for (const Layer& piece : piecesOfDivisions[i]) {
+                auto ask = [&](auto query, const auto& manual, const auto& modifications) {
+                    try {
+                        query(lookup, piece);
+                    } catch (const std::runtime_error& error) {
+                        CheckCurveQuery(profile, piece, error.what(), manual, modifications, line, findings,
+                                        layerFindings);
+                    }
+                };
+                ask(PerLayer::GetPyData, data.manualPyLateralResistanceDataSection,
+                    data.pyLateralResistanceDataModificationSection);
+                ask(PerLayer::GetTzData, data.manualTzSkinFrictionDataSection,
+                    data.tzSkinFrictionDataModificationSection);
+                ask(PerLayer::GetQzData, data.manualQzPileTipResistanceDataSection,
+                    data.qzPileTipResistanceDataModificationSection);
+                ask(PerLayer::GetMthetaData, data.manualMthetaMomentDataSection,
+                    data.mthetaMomentDataModificationSection);
+                ask(PerLayer::GetBSyData, data.manualBSYBaseShearDataSection, data.bsyBaseShearDataModificationSection);
+                ask(PerLayer::GetBMthetaData, data.manualBMthetaMomentDataSection,
+                    data.bmThetaMomentDataModificationSection);
+            }
+            layerFindings.Flush();
+        }
+    }
+    // With every curve-data query answered, GetLayers(true) joins the
+    // numbered layers; otherwise the divisions stand for its layers.
+    std::vector<Layer> layers = divisions;
+    if (findings.ErrorCount() == errorsBefore) {
+        try {
+            layers = profile.GetLayers(true);
+        } catch (const std::exception& error) {
+            findings.Error(findings.Section(layersTitle), std::string("the layers cannot be split: ") + error.what());
+            return;
+        }
+    }
+    // Per layer, the queries that fail, by message: "SoilType, Phi fail: Unknown layer".
+    std::vector<std::pair<std::string, std::string>> failed;
+    const Layer* current = nullptr;
+    auto flush = [&] {
+        const std::int64_t last = current->firstLayer + static_cast<std::int64_t>(current->layerCount) - 1;
+        for (const auto& [message, names] : failed)
+            findings.Error(DivisionLine(profile, divisions, current->firstLayer, findings),
+                           LayersName(current->firstLayer, last) + ": " + names +
+                               (names.find(',') == std::string::npos ? " fails: " : " fail: ") + message);
+        failed.clear();
+    };
+    ForEachLayerAnswer(profile, layers, [&](const Layer& layer, const char* name, auto answer) {
+        if (&layer != current) {
+            if (current != nullptr) flush();
+            current = &layer;
+        }
+        if (IsCurveData(name)) return;
+        try {
+            answer();
+        } catch (const std::runtime_error& error) {
+            const std::string message = error.what();
+            const auto known = std::find_if(failed.begin(), failed.end(),
+                                            [&](const auto& entry) { return entry.first == message; });
+            if (known == failed.end()) failed.emplace_back(message, name);
+            else known->second += std::string(", ") + name;
+        }
+    });
+    if (current != nullptr) flush();
 }
 
 bool IsNotFinite(const Json& value) {
@@ -274,7 +456,7 @@ std::vector<SoundnessFinding> FindUnsoundValues(const Terrix& profile, const Sou
     CheckLevels(profile, findings);
     CheckDiameters(profile, findings);
     CheckCurves(profile, findings);
-    CheckModifications(profile, lines, findings);
+    CheckLayerQueries(profile, lines, findings);
     CheckNumbers(profile, findings);
     return findings.Take();
 }

@@ -38,8 +38,10 @@ struct SoundnessFinding {
 //   (warning: lookups then follow file order);
 // - pile diameters that do not increase;
 // - manual curves whose displacements do not increase;
-// - layers for which a curve query fails because no modification row
-//   covers them at every pile diameter;
+// - whatever makes GetLayers(true), or an answer of a layer it gives, fail:
+//   a numbered layer and pile diameter that no P-Y, T-Z or Q-Z modification
+//   row covers, a code 0 without its manual curve, a layer whose soil
+//   properties the file does not give, divisions too many to split;
 // - values that are NaN or infinite.
 // `lines` are the profile's source lines as the import noted them.
 std::vector<SoundnessFinding> FindUnsoundValues(const Terrix& profile, const SourceLines& lines);
