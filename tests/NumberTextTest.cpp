@@ -61,8 +61,10 @@ TEST(NumberText, ShortAndLongTextsOfANumberReadAlike) {
             double longValue = 0.0;
             const bool shortRead = ParseReal(mantissa + suffix, shortValue, size);
             ASSERT_EQ(shortRead, ParseReal(mantissa + zeros + suffix, longValue, size)) << mantissa + suffix;
-            if (shortRead) ASSERT_EQ(std::signbit(shortValue), std::signbit(longValue)) << mantissa + suffix;
-            if (shortRead) ASSERT_EQ(shortValue, longValue) << force << " " << length << ": " << mantissa + suffix;
+            if (shortRead) {
+                ASSERT_EQ(std::signbit(shortValue), std::signbit(longValue)) << mantissa + suffix;
+                ASSERT_EQ(shortValue, longValue) << force << " " << length << ": " << mantissa + suffix;
+            }
         }
     }
 }
