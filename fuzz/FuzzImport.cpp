@@ -6,10 +6,12 @@
 // is written, read back and written again: the profile read back is the
 // same, the second text the same as the first. Then every query is asked;
 // a query may fail with its std::runtime_error and with nothing else, and
-// the answers of all layers asked in one call are those of the getters.
-// The profiles read are written to JSON and read back as the same profiles,
-// and written over the text they came from they give that text back. The
-// bytes are read as JSON too, where they end in profiles or in one error.
+// the answers of all layers asked in one call are those of the getters. A
+// profile in which the strict check finds no error answers every query of
+// its split layers. The profiles read are written to JSON and read back as
+// the same profiles, and written over the text they came from they give that
+// text back. The bytes are read as JSON too, where they end in profiles or in
+// one error.
 
 #include <cstddef>
 #include <cstdint>
@@ -27,6 +29,7 @@
 #include <TerrixExchange/document/TerrixMultipleSoilProfiles.h>
 #include <TerrixExchange/queries/LayerDivisionCheck.h>
 #include <TerrixExchange/queries/NamedQueries.h>
+#include <TerrixExchange/queries/SoundnessCheck.h>
 
 #include "../tests/AnswersOfAllLayers.h"
 
@@ -60,6 +63,35 @@ void Ask(Query query) {
     Testing::OutcomeOf(query);
 }
 
+// Whether the strict check finds an error in the profile.
+bool HasStrictError(const Terrix& profile) {
+    for (const SoundnessFinding& finding : FindUnsoundValues(profile, SourceLines()))
+        if (finding.severity == SoundnessFinding::Severity::Error) return true;
+    return false;
+}
+
+// What the strict check promises: a profile in which it finds no error
+// gives its layers, split, and every answer of each of them.
+void RequireEveryLayerAnswer(const Terrix& p) {
+    Require(!FindLayerDivisionError(p, SourceLines()), "strict finds no error, but the divisions cannot be split");
+    std::vector<Layer> layers;
+    try {
+        layers = p.GetLayers(true);
+    } catch (const std::runtime_error& error) {
+        std::fprintf(stderr, "terrix fuzz: GetLayers(true): %s\n", error.what());
+        Require(false, "strict finds no error, but GetLayers(true) fails");
+    }
+    ForEachLayerAnswer(p, layers, [&](const Layer& layer, const char* name, auto answer) {
+        try {
+            answer();
+        } catch (const std::runtime_error& error) {
+            std::fprintf(stderr, "terrix fuzz: layer %d, %s: %s\n", static_cast<int>(layer.firstLayer), name,
+                         error.what());
+            Require(false, "strict finds no error, but an answer of a layer fails");
+        }
+    });
+}
+
 // Every query of the library's lists. Splitting divisions that run
 // backwards or count more layers than a profile can have would never end,
 // so those are split only when the library's check finds nothing. The
@@ -71,6 +103,7 @@ void AskEverything(const Terrix& p) {
     if (!FindLayerDivisionError(p, SourceLines())) Ask([&] { return layers = p.GetLayers(true); });
     Require(Testing::FirstAnswerUnlikeTheGetters(p, layers).empty(),
             "the answers of all layers in one call differ from the getters'");
+    if (!HasStrictError(p)) RequireEveryLayerAnswer(p);
 }
 
 void ReadWriteAndAsk(const std::string& text, bool deduceUnits) {
