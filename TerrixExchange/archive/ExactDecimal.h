@@ -99,7 +99,7 @@ bool RoundExactly(double guess, bool negative, const Side& side, double& value,
 //
 // std::to_chars and std::from_chars for doubles where the standard library
 // has them (the build finds out), else the same results worked out exactly
-// in whole numbers: libc++ 14 has no floating-point from_chars.
+// in whole numbers: libc++ 14 has neither for floating point.
 
 // A finite double as to_chars writes it in scientific form: the shortest
 // digits that read back as it (precision < 0), or the value correctly

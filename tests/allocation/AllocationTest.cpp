@@ -7,6 +7,8 @@
 #include <cstdlib>
 #include <sstream>
 
+#include <string>
+
 #include <gtest/gtest.h>
 
 #include <TerrixExchange/archive/SpiritExporter.h>
@@ -83,7 +85,16 @@ using LibraryClasses = ::testing::Types<
     ManualBSYBaseShearDataSection, BSYBaseShearDataModificationSection, ManualBMthetaMomentDataSection,
     BMthetaMomentDataModificationSection, GivenSoilDisplacementsAndOpenHoleSection,
     GivenSoilDisplacementsAndOpenHoleSectionRecord, Layer>;
-TYPED_TEST_SUITE(ObjectAllocationTest, LibraryClasses);
+// The typed tests named by their index, as GoogleTest names them by default;
+// given, since leaving out the macro's optional argument is an extension
+// that -Wpedantic warns of.
+struct NamedByIndex {
+    template <class Type>
+    static std::string GetName(int index) {
+        return std::to_string(index);
+    }
+};
+TYPED_TEST_SUITE(ObjectAllocationTest, LibraryClasses, NamedByIndex);
 
 TYPED_TEST(ObjectAllocationTest, NewAndDeleteSingleAndArrayGoThroughTheService) {
     TypeParam* object = new TypeParam();
