@@ -11,11 +11,13 @@
 #include <random>
 #include <string>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
 
 #include <TerrixExchange/archive/ExactDecimal.h>
+#include <TerrixExchange/archive/JsonFormat.h>
 #include <TerrixPlatform/Units/Runtime/UnitRatio.h>
 
 namespace {
@@ -23,6 +25,8 @@ namespace {
 using namespace TerrixExchange::ExactDecimal;
 using TerrixExchange::Units::Runtime::UnitRatio;
 using TerrixExchange::Units::Runtime::Unsigned128;
+using TerrixExchange::ParseJson;
+using TerrixExchange::WriteJson;
 
 std::string Text(const Scientific& scientific) {
     return (scientific.negative ? "-" : "") + std::string(scientific.digits, static_cast<std::size_t>(scientific.count)) +
@@ -205,6 +209,19 @@ TEST(ExactDecimal, GivesWhatTheStandardLibraryGivesOnHardValues) {
                 << std::hexfloat << value << " to " << precision;
     for (const std::string& text : HardTexts(values))
         ASSERT_EQ(ReadExactly(text), Read(text, FromChars)) << text;
+}
+
+// The numbers of terrix dump: the shortest digits, in plain decimals unless
+// the scientific form is shorter and plain ones take more than 21 characters;
+// each reads back as the very double.
+TEST(ExactDecimal, JsonNumbersAreTheShortestTextsThatReadBack) {
+    const std::vector<std::pair<double, std::string>> written = {
+        {0.0, "0"}, {-0.0, "-0.0"}, {0.1, "0.1"}, {-2.5, "-2.5"}, {400000.0, "400000"}, {1e20, "100000000000000000000"},
+        {1e21, "1e+21"}, {1.2345678901234568e21, "1234567890123456800000"}, {1.5e-7, "0.00000015"}, {1.5e-20, "1.5e-20"},
+        {0.000012345678901234568, "1.2345678901234568e-05"}, {5e-324, "5e-324"}, {1.7976931348623157e308, "1.7976931348623157e+308"}};
+    for (const auto& [value, text] : written) EXPECT_EQ(WriteJson(value), text + "\n") << std::hexfloat << value;
+    for (const double value : HardDoubles())
+        ASSERT_EQ(Bits(ParseJson(WriteJson(value)).get<double>()), Bits(value)) << WriteJson(value);
 }
 
 }  // namespace

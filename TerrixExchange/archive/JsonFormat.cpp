@@ -1,28 +1,46 @@
 #include <TerrixExchange/archive/JsonFormat.h>
 
 #include <algorithm>
-#include <charconv>
+#include <cstdlib>
 #include <cmath>
 #include <limits>
 #include <vector>
 
+#include <TerrixExchange/archive/ExactDecimal.h>
 #include <TerrixExchange/archive/JsonImporter.h>
 
 namespace TerrixExchange {
 
 namespace {
 
-// The shortest digits that read back as the same double (std::to_chars
-// promises them; nlohmann's own writer does not), in plain decimals unless
-// that takes more than 21 characters (400000 rather than 4e+05). A JSON
+// The shortest digits that read back as the same double (nlohmann's own
+// writer does not promise them), in plain decimals unless that takes more
+// than 21 characters and more than the scientific form (400000 rather than
+// 4e+05), as std::to_chars writes them. The digits are the library's, which
+// serve where the standard library has no floating-point to_chars. A JSON
 // reader takes "-0" for the integer 0; "-0.0" keeps the sign.
 std::string ShortestText(double value) {
     if (value == 0.0 && std::signbit(value)) return "-0.0";
-    char buffer[400];
-    const auto fixed = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed);
-    if (fixed.ec == std::errc() && fixed.ptr - buffer <= 21) return std::string(buffer, fixed.ptr);
-    const auto shortest = std::to_chars(buffer, buffer + sizeof buffer, value);
-    return std::string(buffer, shortest.ptr);
+    const ExactDecimal::Scientific shortest = ExactDecimal::ToScientific(value);
+    const std::string digits(shortest.digits, static_cast<std::size_t>(shortest.count));
+    const long exponent = shortest.exponent;
+    std::string text = shortest.negative ? "-" : "";
+    if (exponent < 0) {
+        text += "0." + std::string(static_cast<std::size_t>(-exponent - 1), '0') + digits;
+    } else if (static_cast<std::size_t>(exponent) + 1 >= digits.size()) {
+        text += digits + std::string(static_cast<std::size_t>(exponent) + 1 - digits.size(), '0');
+    } else {
+        text += digits.substr(0, static_cast<std::size_t>(exponent) + 1) + "." +
+                digits.substr(static_cast<std::size_t>(exponent) + 1);
+    }
+    if (text.size() <= 21) return text;
+    std::string scientific = shortest.negative ? "-" : "";
+    scientific += digits.substr(0, 1);
+    if (digits.size() > 1) scientific += "." + digits.substr(1);
+    const std::string power = std::to_string(std::labs(exponent));
+    scientific += (exponent < 0 ? "e-" : "e+") + std::string(power.size() < 2 ? "0" : "") + power;
+    // The shorter of the two, plain decimals on a tie.
+    return text.size() <= scientific.size() ? text : scientific;
 }
 
 void Write(const Json& value, int depth, std::string& text) {
