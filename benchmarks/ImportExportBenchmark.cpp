@@ -4,10 +4,11 @@
 //  - layered: one version 4 profile of 4,000 numbered layers with manual
 //    curves of all six kinds for four diameters (about 14 MB).
 // The figures printed at the end are ratios of CPU times taken side by side:
-// the import against going over every line and against converting every
-// number token with std::from_chars; the export against writing every
-// number with std::to_chars; reading in pounds and feet against reading the
-// same profiles in kilonewtons and metres.
+// the import of the text in memory (ImportText) against going over every line
+// and against converting every number token with std::from_chars; the
+// import of a stream against walking the stream's iterator alone; the export
+// against writing every number with std::to_chars; reading and writing in
+// pounds and feet against the same in kilonewtons and metres.
 
 #include <cstddef>
 #include <cstdint>
@@ -92,13 +93,20 @@ void WalkStreamIterator(benchmark::State& state, Text which) {
     CountBytes(state, text.size());
 }
 
-void Import(benchmark::State& state, Text which, const std::string& force, const std::string& length) {
+// The import of the text in memory, or (`fromStream`) of a stream that
+// holds it.
+void Import(benchmark::State& state, Text which, const std::string& force, const std::string& length,
+            bool fromStream) {
     const std::string text = force == "kN" ? TextOf(which) : Exported(which, force, length);
     std::size_t profiles = 0;
     for (auto _ : state) {
-        std::istringstream stream(text);
         TerrixMultipleSoilProfiles imported;
-        imported.Import(stream, force, length);
+        if (fromStream) {
+            std::istringstream stream(text);
+            imported.Import(stream, force, length);
+        } else {
+            imported.ImportText(text, force, length);
+        }
         profiles = imported.GetSoilProfiles().size();
         benchmark::DoNotOptimize(profiles);
     }
@@ -125,8 +133,9 @@ void Export(benchmark::State& state, Text which, const char* force, const char* 
     BENCHMARK_CAPTURE(ReadEveryLine, name, which)->Unit(benchmark::kMillisecond);              \
     BENCHMARK_CAPTURE(ParseEveryNumber, name, which)->Unit(benchmark::kMillisecond);           \
     BENCHMARK_CAPTURE(WalkStreamIterator, name, which)->Unit(benchmark::kMillisecond);         \
-    BENCHMARK_CAPTURE(Import, name, which, "kN", "m")->Unit(benchmark::kMillisecond);          \
-    BENCHMARK_CAPTURE(Import, name##_lbf_ft, which, "lbf", "ft")->Unit(benchmark::kMillisecond); \
+    BENCHMARK_CAPTURE(Import, name, which, "kN", "m", false)->Unit(benchmark::kMillisecond);     \
+    BENCHMARK_CAPTURE(Import, name##_lbf_ft, which, "lbf", "ft", false)->Unit(benchmark::kMillisecond); \
+    BENCHMARK_CAPTURE(Import, name##_stream, which, "kN", "m", true)->Unit(benchmark::kMillisecond); \
     BENCHMARK_CAPTURE(WriteEveryNumber, name, which)->Unit(benchmark::kMillisecond);           \
     BENCHMARK_CAPTURE(Export, name, which, "kN", "m")->Unit(benchmark::kMillisecond);            \
     BENCHMARK_CAPTURE(Export, name##_lbf_ft, which, "lbf", "ft")->Unit(benchmark::kMillisecond);
@@ -144,9 +153,11 @@ int main(int argc, char** argv) {
     benchmark::RunSpecifiedBenchmarks(&reporter);
     for (const std::string text : {"stream", "layered"}) {
         std::printf("\n%s:\n", text.c_str());
-        reporter.PrintRatio("  import / every line read", "Import/" + text, "ReadEveryLine/" + text);
-        reporter.PrintRatio("  import / every number token through from_chars", "Import/" + text,
+        reporter.PrintRatio("  import from memory / every line read", "Import/" + text, "ReadEveryLine/" + text);
+        reporter.PrintRatio("  import from memory / every number token through from_chars", "Import/" + text,
                             "ParseEveryNumber/" + text);
+        reporter.PrintRatio("  import of a stream / walk of its multi-pass iterator", "Import/" + text + "_stream",
+                            "WalkStreamIterator/" + text);
         reporter.PrintRatio("  walk of the stream's multi-pass iterator / from_chars", "WalkStreamIterator/" + text,
                             "ParseEveryNumber/" + text);
         reporter.PrintRatio("  import in lbf and ft / import in kN and m", "Import/" + text + "_lbf_ft",

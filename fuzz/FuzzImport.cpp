@@ -106,15 +106,37 @@ void AskEverything(const Terrix& p) {
     if (!HasStrictError(p)) RequireEveryLayerAnswer(p);
 }
 
-void ReadWriteAndAsk(const std::string& text, bool deduceUnits) {
-    TerrixMultipleSoilProfiles profiles;
+// Reads the text from a stream, or from memory; the error, or "".
+std::string ReadProfiles(const std::string& text, bool deduceUnits, bool fromMemory,
+                         TerrixMultipleSoilProfiles& profiles, std::vector<SourceLines>& lines) {
     std::istringstream stream(text);
     try {
-        if (deduceUnits) profiles.Import(stream);
-        else profiles.Import(stream, "kN", "m");
-    } catch (const std::runtime_error&) {
-        return;  // the one error of a malformed file
+        if (fromMemory && deduceUnits) profiles.ImportText(text, lines);
+        else if (fromMemory) profiles.ImportText(text, "kN", "m", lines);
+        else if (deduceUnits) profiles.Import(stream, lines);
+        else profiles.Import(stream, "kN", "m", lines);
+    } catch (const std::runtime_error& error) {
+        return error.what();
     }
+    return "";
+}
+
+void ReadWriteAndAsk(const std::string& text, bool deduceUnits) {
+    TerrixMultipleSoilProfiles profiles;
+    std::vector<SourceLines> lines;
+    const std::string error = ReadProfiles(text, deduceUnits, false, profiles, lines);
+    // A text in memory reads as the stream that holds it.
+    TerrixMultipleSoilProfiles inMemory;
+    std::vector<SourceLines> linesInMemory;
+    Require(ReadProfiles(text, deduceUnits, true, inMemory, linesInMemory) == error,
+            "the text read from memory gives another error than from a stream");
+    Require(linesInMemory == lines && inMemory.GetSoilProfiles().size() == profiles.GetSoilProfiles().size(),
+            "the text read from memory gives other profiles than from a stream");
+    for (std::size_t i = 0; i < profiles.GetSoilProfiles().size(); ++i)
+        Require(WriteJson(DescribeProfile(inMemory.GetSoilProfiles()[i])) ==
+                    WriteJson(DescribeProfile(profiles.GetSoilProfiles()[i])),
+                "the text read from memory gives other profiles than from a stream");
+    if (!error.empty()) return;  // the one error of a malformed file
     // Unchanged, the profiles written over their own text give it back: the
     // text read is the input up to the end of the last profile.
     std::ostringstream kept;

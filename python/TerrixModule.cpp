@@ -27,7 +27,6 @@
 #include <TerrixExchange/archive/JsonExporter.h>
 #include <TerrixExchange/archive/JsonImporter.h>
 #include <TerrixExchange/document/TerrixMultipleSoilProfiles.h>
-#include <TerrixExchange/document/TextInPlace.h>
 #include <TerrixExchange/queries/LayerDivisionCheck.h>
 #include <TerrixExchange/queries/NamedQueries.h>
 
@@ -156,10 +155,8 @@ std::vector<ProfileHandle> Loads(const py::bytes& text, const UnitNames& units) 
     imported->text = text.cast<std::string>();
     {
         py::gil_scoped_release unlocked;
-        TextInPlace buffer(imported->text.data(), imported->text.size());
-        std::istream stream(&buffer);
-        if (units) imported->all.Import(stream, units->first, units->second, imported->lines);
-        else imported->all.Import(stream, imported->lines);
+        if (units) imported->all.ImportText(imported->text, units->first, units->second, imported->lines);
+        else imported->all.ImportText(imported->text, imported->lines);
     }
     std::vector<ProfileHandle> profiles;
     for (std::size_t i = 0; i < imported->all.GetSoilProfiles().size(); ++i) profiles.push_back({imported, i, nullptr});

@@ -54,6 +54,34 @@ TEST(FormatCases, EachMalformedTextGivesItsWholeErrorWhateverItsLineEnds) {
     }
 }
 
+// A text in memory reads as the stream that holds it: the same profiles, with
+// the same lines noted, or the same whole error; with any line ends.
+TEST(FormatCases, EveryTextReadsFromMemoryAsFromAStream) {
+    std::vector<std::string> paths;
+    for (const char* folder : {"import-errors", "round-trip", "dump", "strict", "edits"})
+        for (const std::string& path : CaseTexts(folder)) paths.push_back(path);
+    for (const char* example : {"north-sea-v4", "north-sea-v5", "offshore-v5", "three-profiles"})
+        paths.push_back(TERRIX_EXAMPLES_DIR "/" + std::string(example) + ".terrix");
+    for (const std::string& path : paths) {
+        for (const std::string lineEnd : lineEnds) {
+            SCOPED_TRACE(path + " (" + LineEndName(lineEnd) + ")");
+            const std::string text = WithLineEnds(FileText(path), lineEnd);
+            TerrixMultipleSoilProfiles fromStream;
+            TerrixMultipleSoilProfiles fromText;
+            std::vector<SourceLines> streamLines;
+            std::vector<SourceLines> textLines;
+            std::istringstream stream(text);
+            const std::string streamError = ErrorOrNothing([&] { fromStream.Import(stream, streamLines); });
+            EXPECT_EQ(ErrorOrNothing([&] { fromText.ImportText(text, textLines); }), streamError);
+            ASSERT_EQ(fromText.GetSoilProfiles().size(), fromStream.GetSoilProfiles().size());
+            for (std::size_t i = 0; i < fromText.GetSoilProfiles().size(); ++i)
+                EXPECT_EQ(WriteJson(DescribeProfile(fromText.GetSoilProfiles()[i])),
+                          WriteJson(DescribeProfile(fromStream.GetSoilProfiles()[i])));
+            EXPECT_TRUE(textLines == streamLines);
+        }
+    }
+}
+
 TEST(FormatCases, EachRoundTripTextIsWrittenBackAsItStandsFromAnyUnits) {
     const std::vector<std::string> texts = CaseTexts("round-trip");
     ASSERT_FALSE(texts.empty());

@@ -25,16 +25,21 @@ namespace TerrixExchange { namespace Testing {
 
 using Length = Units::Runtime::Quantity<Units::Runtime::LengthPhenomenon>;
 
-// The message of the std::exception that `action` throws; fails the test if
-// it throws nothing.
-inline std::string ErrorOf(const std::function<void()>& action) {
+// The message of the std::exception that `action` throws, or "" if none.
+inline std::string ErrorOrNothing(const std::function<void()>& action) {
     try {
         action();
     } catch (const std::exception& error) {
         return error.what();
     }
-    ADD_FAILURE() << "expected an error, got none";
     return "";
+}
+
+// The same; fails the test if it throws nothing.
+inline std::string ErrorOf(const std::function<void()>& action) {
+    const std::string message = ErrorOrNothing(action);
+    if (message.empty()) ADD_FAILURE() << "expected an error, got none";
+    return message;
 }
 
 // `text` with every "\n" made `lineEnd`: "\r\n" as a DOS editor saves it,

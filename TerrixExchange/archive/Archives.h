@@ -1,7 +1,8 @@
 #pragma once
 
-// Every archive that walks the sections' Serialize: the text importer and
-// exporter, and the JSON exporter and importer. A section's source makes its
+// Every archive that walks the sections' Serialize: the text importer (of a
+// stream, and of a text in memory) and exporter, and the JSON exporter and
+// importer. A section's source makes its
 // Serialize for all of them at once:
 //
 //     #define INSTANTIATE(Archive) template void ControlSection::Serialize(Archive&);
@@ -18,6 +19,7 @@
 
 #define TERRIX_FOR_EVERY_ARCHIVE(INSTANTIATE)    \
     INSTANTIATE(::TerrixExchange::Importer)      \
+    INSTANTIATE(::TerrixExchange::TextImporter)  \
     INSTANTIATE(::TerrixExchange::Exporter)      \
     INSTANTIATE(::TerrixExchange::JsonExporter)  \
     INSTANTIATE(::TerrixExchange::JsonImporter)

@@ -392,8 +392,7 @@ bool NearestInExtendedPrecision(const ShortDecimal& decimal, const UnitScale& sc
         const long double power = exactPowersOfTen.values[exponent < 0 ? -exponent : exponent];
         long double exact = static_cast<long double>(decimal.mantissa);
         exact = exponent < 0 ? exact / power : exact * power;
-        exact = exact * static_cast<long double>(scale.size.numerator) /
-                static_cast<long double>(scale.size.denominator);
+        exact = exact * scale.numerator / scale.denominator;
         const double nearest = static_cast<double>(exact);
         if (!(nearest > 1e-290 && nearest < 1e290)) return false;
         const long double below = (static_cast<long double>(nearest) + NextPositive(nearest, -1)) / 2;
@@ -418,11 +417,9 @@ bool ReadInExtendedPrecision(const Decimal& decimal, const UnitScale& scale, dou
 }
 
 // M x 10^E x numerator / denominator, rounded once to the nearest double, for
-// a short token whose result is a normal double well inside the range; false,
+// a number whose result is a normal double well inside the range; false,
 // with nothing decided, for anything else.
-bool ParseShortInRatio(const char* first, const char* last, const UnitScale& scale, double& value) {
-    ShortDecimal decimal;
-    if (!ToShortDecimal(first, last, decimal)) return false;
+bool NearestInRatio(const ShortDecimal& decimal, const UnitScale& scale, double& value) {
     const bool negative = decimal.negative;
     const std::uint64_t mantissa = decimal.mantissa;
     const long exponent = decimal.exponent;
@@ -457,6 +454,11 @@ bool ParseShortInRatio(const char* first, const char* last, const UnitScale& sca
     return true;
 }
 
+bool ParseShortInRatio(const char* first, const char* last, const UnitScale& scale, double& value) {
+    ShortDecimal decimal;
+    return ToShortDecimal(first, last, decimal) && NearestInRatio(decimal, scale, value);
+}
+
 bool Convert(const Decimal& written, const UnitRatio& unitSize, double& value) {
     int shift = 0;
     if (unitSize.IsPowerOfTen(shift)) {
@@ -469,7 +471,145 @@ bool Convert(const Decimal& written, const UnitRatio& unitSize, double& value) {
     return MultiplyDivideExactly(written, unitSize, guess, value);
 }
 
-// The shortest decimal that reads back as `value` in a unit of the size.
+// Whether `digits` (of a quotient) rounded to `count` digits surely falls
+// outside the numbers that read back as a normal double, as the next four
+// digits tell: rounding moves it by at least min(f, 1 - f) x 10^-count of
+// itself, f being the digits that follow as a fraction, while those numbers
+// lie within 2^-53 of it relatively (a quarter of that is kept as a margin,
+// for the digits of the quotient not worked out). Most values are told so
+// for every length short of 16 digits, without a reading.
+bool RoundedTooFar(const char* digits, std::size_t size, std::size_t count) {
+    // floor(10^(count + 4) x 2^-51)
+    static const unsigned limits[16] = {0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 4, 44, 444, 4440};
+    if (count > 15 || size <= count) return false;
+    unsigned following = 0;
+    for (std::size_t i = count; i < count + 4; ++i)
+        following = following * 10 + (i < size ? static_cast<unsigned>(digits[i] - '0') : 0);
+    return std::min(following, 9999 - following) > limits[count];
+}
+
+Decimal ToDecimal(const ShortDecimal& number) {
+    Decimal decimal;
+    decimal.negative = number.negative;
+    char digits[24];
+    decimal.digits.assign(digits, std::to_chars(digits, digits + sizeof digits, number.mantissa).ptr);
+    decimal.exponent = number.exponent + static_cast<long>(decimal.digits.size()) - 1;
+    Normalize(decimal);
+    return decimal;
+}
+
+// Whether a decimal in the unit reads back as `value`. Reading in 64-bit
+// precision decides most; of the rest, the guess rules out most cheaply, and
+// the exact reading decides for those it leaves.
+bool ReadsBackAs(const Decimal& candidate, const UnitScale& scale, double value) {
+    double back = 0.0;
+    if (ReadInExtendedPrecision(candidate, scale, back)) return back == value;
+    double guess = 0.0;
+    if (!Guess(candidate, scale.size, guess) || std::nextafter(guess, value) != value) return false;
+    return MultiplyDivideExactly(candidate, scale.size, guess, back) && back == value;
+}
+
+// The shortest decimal that reads back as `value` in a unit of the size: of
+// the exact quotient of value and unit rounded to 1, 2, 3, ... digits (a
+// half up), the first that reads back.
+//
+// Where long double has 64 bits, the quotient's first 19 digits are worked
+// out in it, within a few units of the last, which settles every rounding to
+// 17 digits or fewer unless the quotient lies that near a half: then it is
+// decided exactly. Where the platform has no such long double, and for
+// values far out of a file's range, ShortestWritten works from the exact
+// quotient's first 40 digits. The two give the same digits.
+// 10^0 to 10^19.
+constexpr std::uint64_t WholePowerOfTen(int exponent) { return exponent == 0 ? 1 : 10 * WholePowerOfTen(exponent - 1); }
+constexpr std::uint64_t wholePowersOfTen[20] = {
+    WholePowerOfTen(0),  WholePowerOfTen(1),  WholePowerOfTen(2),  WholePowerOfTen(3),  WholePowerOfTen(4),
+    WholePowerOfTen(5),  WholePowerOfTen(6),  WholePowerOfTen(7),  WholePowerOfTen(8),  WholePowerOfTen(9),
+    WholePowerOfTen(10), WholePowerOfTen(11), WholePowerOfTen(12), WholePowerOfTen(13), WholePowerOfTen(14),
+    WholePowerOfTen(15), WholePowerOfTen(16), WholePowerOfTen(17), WholePowerOfTen(18), WholePowerOfTen(19)};
+
+// -1, 0, 1: the exact quotient of `magnitude` and the unit, times
+// 10^shift, below, at or beyond the whole number `point`: magnitude x
+// denominator x 10^shift against point x numerator, in whole numbers.
+int CompareQuotient(double magnitude, const UnitScale& scale, long shift, std::uint64_t point, bool& overflowed) {
+    const Binary binary = Decompose(magnitude);
+    FixedNatural left(Wide{binary.mantissa});
+    left.Multiply(FixedNatural(scale.size.denominator));
+    FixedNatural right(Wide{point});
+    right.Multiply(FixedNatural(scale.size.numerator));
+    if (shift > 0) left.MultiplyByPowerOfFive(static_cast<int>(shift));
+    else right.MultiplyByPowerOfFive(static_cast<int>(-shift));
+    overflowed = left.Overflowed() || right.Overflowed();
+    return CompareScaled(left, binary.exponent + static_cast<int>(shift), right, 0, overflowed);
+}
+
+bool ShortestInExtendedPrecision(double value, const UnitScale& scale, Scientific& shortest) {
+    if constexpr (std::numeric_limits<long double>::digits < 64) {
+        return false;
+    } else {
+        const double magnitude = std::fabs(value);
+        shortest.negative = std::signbit(value);
+        if (magnitude == 0.0) {
+            shortest.digits[0] = '0';
+            shortest.count = 1;
+            shortest.exponent = 0;
+            return true;
+        }
+        if (!(magnitude > 1e-250 && magnitude < 1e250)) return false;
+        const long double quotient = static_cast<long double>(magnitude) * scale.denominator / scale.numerator;
+        // 19 digits M = quotient x 10^shift, 10^18 <= M < 10^19, of the
+        // first digit's exponent 18 - shift.
+        // log10(2) x the binary exponent: the decimal one, or one below it.
+        long shift = 18 - (std::ilogb(static_cast<double>(quotient)) * 30103L) / 100000L;
+        long double scaled = 0.0L;
+        for (int attempt = 0;; ++attempt) {
+            if (attempt == 3 || shift > 54 || shift < -54) return false;
+            // 10^|shift| as one or two exact powers.
+            const long size = shift < 0 ? -shift : shift;
+            const long double power = exactPowersOfTen.values[std::min(size, 27L)];
+            const long double rest = exactPowersOfTen.values[size - std::min(size, 27L)];
+            scaled = shift < 0 ? quotient / power / rest : quotient * power * rest;
+            if (scaled < 1e18L) ++shift;
+            else if (scaled >= 1e19L) --shift;
+            else break;
+        }
+        // At most six roundings of 2^-64 relatively and the last to a whole
+        // number: within 3.8 of the exact M. A rounding nearer a half than that is
+        // decided exactly.
+        const std::uint64_t leading = static_cast<std::uint64_t>(std::llroundl(scaled));
+        const std::uint64_t tolerance = 4;
+        char digits[24];
+        const char* end = std::to_chars(digits, digits + sizeof digits, leading).ptr;
+        if (end - digits != 19) return false;
+        const bool isNormal = magnitude >= std::numeric_limits<double>::min();
+        for (std::size_t count = 1; count <= 17; ++count) {
+            if (isNormal && RoundedTooFar(digits, 19, count)) continue;
+            const std::uint64_t unit = wholePowersOfTen[19 - count];
+            const std::uint64_t rest = leading % unit;
+            const std::uint64_t half = unit / 2;
+            bool up = rest > half;
+            if ((up ? rest - half : half - rest) <= tolerance) {
+                bool overflowed = false;
+                up = CompareQuotient(magnitude, scale, shift, leading - rest + half, overflowed) >= 0;
+                if (overflowed) return false;
+            }
+            // M rounded to `count` digits, as a whole number times a power of ten.
+            ShortDecimal candidate;
+            candidate.negative = value < 0;
+            candidate.mantissa = leading / unit + (up ? 1 : 0);
+            candidate.exponent = static_cast<long>(19 - count) - shift;
+            double back = 0.0;
+            if (NearestInRatio(candidate, scale, back) ? back != value : !ReadsBackAs(ToDecimal(candidate), scale, value))
+                continue;
+            shortest.count = std::to_chars(shortest.digits, shortest.digits + sizeof shortest.digits, candidate.mantissa).ptr -
+                             shortest.digits;
+            shortest.exponent = candidate.exponent + shortest.count - 1;
+            while (shortest.count > 1 && shortest.digits[shortest.count - 1] == '0') --shortest.count;
+            return true;
+        }
+        return false;
+    }
+}
+
 Decimal ShortestWritten(double value, const UnitScale& scale) {
     if (scale.isPowerOfTen) {
         Decimal decimal = ShortestDecimal(value);
@@ -479,19 +619,11 @@ Decimal ShortestWritten(double value, const UnitScale& scale) {
     const UnitRatio& unitSize = scale.size;
     const Decimal exact = Divide(Multiply(ShortestDecimal(value, static_cast<int>(divisionDigits)), unitSize.denominator),
                                  unitSize.numerator, divisionDigits);
+    const bool isNormal = std::fabs(value) >= std::numeric_limits<double>::min();
     for (std::size_t count = 1; count < divisionDigits; ++count) {
+        if (isNormal && RoundedTooFar(exact.digits.data(), exact.digits.size(), count)) continue;
         const Decimal candidate = Rounded(exact, count, Halfway::Up);
-        // Reading in 64-bit precision decides most candidates; of the rest,
-        // the guess rules out most cheaply, and the exact reading decides for
-        // those it leaves.
-        double back = 0.0;
-        if (ReadInExtendedPrecision(candidate, scale, back)) {
-            if (back == value) return candidate;
-            continue;
-        }
-        double guess = 0.0;
-        if (!Guess(candidate, unitSize, guess) || std::nextafter(guess, value) != value) continue;
-        if (MultiplyDivideExactly(candidate, unitSize, guess, back) && back == value) return candidate;
+        if (ReadsBackAs(candidate, scale, value)) return candidate;
     }
     return exact;
 }
@@ -554,15 +686,38 @@ std::string Exponential(const Decimal& decimal, std::size_t before, bool padded)
 // column either way.
 bool HasPlainForm(long exponent) { return std::labs(exponent) < 40; }
 
-// The shortest exponent form over every place of the point (moving the point
-// can save an exponent digit: "12.3e9" rather than "1.23e10"); the first of
-// equally short ones, from a point after the first digit on.
-std::string ShortestExponential(const Decimal& decimal) {
-    std::string best = Exponential(decimal, 1, false);
-    for (std::size_t before = 0; before <= decimal.digits.size(); ++before) {
-        const std::string text = Exponential(decimal, before, false);
-        if (text.size() < best.size()) best = text;
-    }
+// The lengths of the two texts above, worked out without making them: a
+// value narrowed into its column is measured in several forms and made in
+// one.
+std::size_t DigitCount(long number) {
+    std::size_t count = 1;
+    for (number = std::labs(number); number >= 10; number /= 10) ++count;
+    return count;
+}
+
+std::size_t PlainLength(const Decimal& decimal, bool compact) {
+    const long count = static_cast<long>(decimal.digits.size());
+    const long e = decimal.exponent;
+    const long pointAndZero = compact ? 1 : 2;
+    const long length = e >= count - 1 ? e + 1 + pointAndZero : e >= 0 ? count + 1 : pointAndZero - e - 1 + count;
+    return static_cast<std::size_t>(length) + (decimal.negative ? 1 : 0);
+}
+
+std::size_t ExponentialLength(const Decimal& decimal, std::size_t before, bool padded) {
+    const std::size_t count = decimal.digits.size();
+    const long exponent = decimal.exponent - (static_cast<long>(before) - 1);
+    const std::size_t exponentDigits = std::max<std::size_t>(DigitCount(exponent), padded ? 2 : 1);
+    return (decimal.negative ? 1 : 0) + count + (before < count ? 1 : 0) + 1 + (exponent < 0 || padded ? 1 : 0) +
+           exponentDigits;
+}
+
+// The place of the point that gives the shortest exponent form (moving the
+// point can save an exponent digit: "12.3e9" rather than "1.23e10"); the
+// first of equally short ones, from a point after the first digit on.
+std::size_t ShortestExponentialPoint(const Decimal& decimal) {
+    std::size_t best = 1;
+    for (std::size_t before = 0; before <= decimal.digits.size(); ++before)
+        if (ExponentialLength(decimal, before, false) < ExponentialLength(decimal, best, false)) best = before;
     return best;
 }
 
@@ -589,12 +744,11 @@ std::string FormatReal(double value, int fieldWidth, const UnitRatio& unitSize) 
     return FormatReal(value, fieldWidth, UnitScale(unitSize));
 }
 
-// The plain text of a value in a unit that is a power of ten, when it fits
-// its column: the usual case, made in place from the shortest digits that
-// std::to_chars gives, without building the decimal. False when it does not
+// The plain text of the shortest digits (of the value in a unit that is a
+// power of ten, shifted by `powerOfTen`) when it fits its column: the usual
+// case, made in place without building the decimal. False when it does not
 // fit or has no plain form, for the general way to decide.
-bool FitPlainText(double value, int powerOfTen, std::size_t width, std::string& text) {
-    const Scientific shortest = ToScientific(value);
+bool FitPlainText(const Scientific& shortest, int powerOfTen, std::size_t width, std::string& text) {
     const bool isZero = shortest.count == 1 && shortest.digits[0] == '0';
     const long exponent = isZero ? 0 : shortest.exponent - powerOfTen;
     if (!HasPlainForm(exponent)) return false;
@@ -607,25 +761,39 @@ std::string FormatReal(double value, int fieldWidth, const UnitScale& scale) {
     if (std::isinf(value)) return value > 0 ? "Inf" : "-Inf";
     const std::size_t width = fieldWidth > 0 ? static_cast<std::size_t>(fieldWidth) : 0;
     std::string text;
-    if (scale.isPowerOfTen && FitPlainText(value, scale.powerOfTen, width, text)) return text;
-    const Decimal decimal = ShortestWritten(value, scale);
+    Decimal decimal;
+    Scientific shortest;
+    if (scale.isPowerOfTen) {
+        shortest = ToScientific(value);
+        if (FitPlainText(shortest, scale.powerOfTen, width, text)) return text;
+        decimal = ShortestWritten(value, scale);
+    } else if (ShortestInExtendedPrecision(value, scale, shortest)) {
+        if (FitPlainText(shortest, 0, width, text)) return text;
+        decimal = Decimal{shortest.negative, std::string(shortest.digits, static_cast<std::size_t>(shortest.count)),
+                          shortest.exponent};
+    } else {
+        decimal = ShortestWritten(value, scale);
+    }
     const bool hasPlain = HasPlainForm(decimal.exponent);
     const bool isWhole = decimal.exponent >= static_cast<long>(decimal.digits.size()) - 1;
     // The usual forms first; in a column too narrow for them, shorter texts
     // of the same number, so that the column widens only when none fits.
-    // Each is made only when the ones before it do not fit.
-    const std::string plain = hasPlain ? Plain(decimal) : std::string();
-    if (hasPlain && plain.size() <= width) return plain;
-    const std::string exponential = Exponential(decimal, 1, true);
-    if (exponential.size() <= width) return exponential;
-    const std::string compactPlain = hasPlain ? Plain(decimal, true) : std::string();
-    if (hasPlain && compactPlain.size() <= width) return compactPlain;
-    text = Exponential(decimal, 1, false);
-    if (text.size() <= width) return text;
-    if (hasPlain && isWhole && compactPlain.size() - 1 <= width) return compactPlain.substr(0, compactPlain.size() - 1);
-    text = ShortestExponential(decimal);
-    if (text.size() <= width) return text;
-    return hasPlain && plain.size() <= exponential.size() ? plain : exponential;
+    const std::size_t none = std::numeric_limits<std::size_t>::max();
+    const std::size_t plain = hasPlain ? PlainLength(decimal, false) : none;
+    if (plain <= width) return Plain(decimal);
+    const std::size_t exponential = ExponentialLength(decimal, 1, true);
+    if (exponential <= width) return Exponential(decimal, 1, true);
+    const std::size_t compactPlain = hasPlain ? PlainLength(decimal, true) : none;
+    if (compactPlain <= width) return Plain(decimal, true);
+    if (ExponentialLength(decimal, 1, false) <= width) return Exponential(decimal, 1, false);
+    if (hasPlain && isWhole && compactPlain - 1 <= width) {
+        text = Plain(decimal, true);
+        text.pop_back();  // "123456789": the point too left out
+        return text;
+    }
+    const std::size_t before = ShortestExponentialPoint(decimal);
+    if (ExponentialLength(decimal, before, false) <= width) return Exponential(decimal, before, false);
+    return plain <= exponential ? Plain(decimal) : Exponential(decimal, 1, true);
 }
 
 bool ParseReal(const char* first, const char* last, double& value, const UnitScale& scale) {

@@ -56,9 +56,15 @@ struct UnitScale {
     bool isPowerOfTen = true;
     int powerOfTen = 0;
     double factor = 1.0;
+    // The numerator and the denominator in long double, for the fast ways.
+    long double numerator = 1.0L;
+    long double denominator = 1.0L;
 
     UnitScale() = default;
-    explicit UnitScale(const Units::Runtime::UnitRatio& unitSize) : size(unitSize) {
+    explicit UnitScale(const Units::Runtime::UnitRatio& unitSize)
+        : size(unitSize),
+          numerator(static_cast<long double>(unitSize.numerator)),
+          denominator(static_cast<long double>(unitSize.denominator)) {
         isPowerOfTen = unitSize.IsPowerOfTen(powerOfTen);
         factor = unitSize.ToDouble();
     }

@@ -30,4 +30,13 @@ void SourceLines::SetRowLine(const std::string& title, std::size_t row, std::uin
     rows[row] = line;
 }
 
+bool SourceLines::operator==(const SourceLines& other) const {
+    if (sections_.size() != other.sections_.size()) return false;
+    for (auto a = sections_.begin(), b = other.sections_.begin(); a != sections_.end(); ++a, ++b)
+        if (a->first != b->first || a->second.title != b->second.title ||
+            a->second.parameters != b->second.parameters || a->second.rows != b->second.rows)
+            return false;
+    return true;
+}
+
 }  // namespace TerrixExchange

@@ -32,6 +32,10 @@ public:
     }
     void SetRowLine(const std::string& title, std::size_t row, std::uint64_t line);
 
+    // The same lines for the same titles, parameters and rows.
+    bool operator==(const SourceLines& other) const;
+    bool operator!=(const SourceLines& other) const { return !(*this == other); }
+
 private:
     // The lines of one section, kept under its title once: a stream of a
     // thousand profiles notes some hundred thousand lines.

@@ -1,6 +1,7 @@
 #include <TerrixExchange/archive/SpiritImporter.h>
 
 #include <algorithm>
+#include <cstring>
 #include <vector>
 
 #include <boost/range/iterator_range.hpp>
@@ -23,7 +24,9 @@ using Cursor = const char*;
 // comment written in Latin-1 or UTF-8) is neither a blank nor a digit; the
 // character classes of Spirit's standard encoding would take it for a
 // negative char, outside their domain, so the two classes are spelt out.
-const auto blank = qi::copy(qi::char_(" \t"));
+// Both are made of single characters, which cost nothing to set up where a
+// parse begins (a set of characters builds a table each time).
+const auto blank = qi::copy(qi::lit(' ') | qi::lit('\t'));
 const auto digit = qi::copy(qi::char_('0', '9'));
 // The end of a line's text: its line break, or the end of the input.
 const auto endOfLine = qi::copy(qi::eoi);
@@ -113,6 +116,26 @@ template <class Iterator>
 void SpiritImporter<Iterator>::ReadLine() {
     line_.clear();
     column_ = 0;
+    if constexpr (std::is_pointer<Iterator>::value) {
+        // Text in memory: the line is found first and taken at once. Its end
+        // is the first LF or CR, looked for a piece at a time, so that a file
+        // with no LF at all (CR line ends) is not searched to its end for
+        // every line.
+        const char* end = nextLine_;
+        for (;;) {
+            const std::size_t piece = std::min<std::size_t>(256, static_cast<std::size_t>(last_ - end));
+            const void* lineFeed = std::memchr(end, '\n', piece);
+            const std::size_t before = lineFeed ? static_cast<std::size_t>(static_cast<const char*>(lineFeed) - end) : piece;
+            if (const void* carriageReturn = std::memchr(end, '\r', before)) {
+                end = static_cast<const char*>(carriageReturn);
+                break;
+            }
+            end += before;
+            if (lineFeed || end == last_) break;
+        }
+        line_.assign(nextLine_, end);
+        nextLine_ = end;
+    }
     for (; nextLine_ != last_; ++nextLine_) {
         const char c = *nextLine_;
         if (c == '\n' || c == '\r') {
@@ -147,7 +170,7 @@ template <class Iterator>
 bool SpiritImporter<Iterator>::AtCommentLine() const {
     if (AtEndOfInput()) return false;
     Cursor it = Here();
-    return qi::parse(it, LineEnd(), qi::lit('*') | (qi::char_("Cc") >> (blank | endOfLine)));
+    return qi::parse(it, LineEnd(), qi::lit('*') | ((qi::lit('C') | qi::lit('c')) >> (blank | endOfLine)));
 }
 
 template <class Iterator>
@@ -450,5 +473,6 @@ void SpiritImporter<Iterator>::ReadVector(std::vector<double>& values, std::size
 }
 
 template class SpiritImporter<StreamIterator>;
+template class SpiritImporter<const char*>;
 
 }  // namespace TerrixExchange

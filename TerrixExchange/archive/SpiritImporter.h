@@ -34,7 +34,9 @@ namespace TerrixExchange {
 // iterator: each line is taken whole into the current line and its fields are
 // parsed there. Going back to an earlier line (a section that rewinds) keeps
 // a copy of the iterator, so the iterator buffers only from the oldest saved
-// line on.
+// line on. A text already in memory is read the same way through plain
+// pointers (TextImporter), which walk it without the stream's cost per
+// character.
 //
 // Lines are counted from 1. After each significant line the importer passes
 // over comment lines (a line that starts with '*', or with 'C' or 'c' followed
@@ -316,6 +318,7 @@ private:
 
 using StreamIterator = boost::spirit::basic_istream_iterator<char>;
 using Importer = SpiritImporter<StreamIterator>;
+using TextImporter = SpiritImporter<const char*>;
 
 // ---------------------------------------------------------------------------
 

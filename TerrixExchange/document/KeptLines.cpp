@@ -30,7 +30,6 @@
 #include <unordered_map>
 
 #include <TerrixExchange/document/TerrixMultipleSoilProfiles.h>
-#include <TerrixExchange/document/TextInPlace.h>
 
 namespace TerrixExchange {
 
@@ -170,13 +169,11 @@ std::vector<std::string> Keys(const Pieces& pieces, const std::map<std::string, 
 
 bool TerrixMultipleSoilProfiles::ReadWithPieces(std::string_view text, const std::vector<Units::Runtime::UnitSystem>& units,
                                                 TerrixMultipleSoilProfiles& profiles, std::vector<SourceMap>& maps) {
-    TextInPlace buffer(text.data(), text.size());
-    std::istream stream(&buffer);
     Reading reading;
     reading.unitsOfEach = &units;
     reading.maps = &maps;
     try {
-        profiles.ReadProfiles(stream, reading);
+        profiles.ReadProfiles(text, reading);
     } catch (const std::exception&) {
         return false;
     }

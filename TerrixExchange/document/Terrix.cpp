@@ -181,6 +181,12 @@ void Terrix::Import(std::istream& stream, const std::string& forceUnit, const st
     ReadProfile(importer);
 }
 
+void Terrix::ImportText(std::string_view text, const std::string& forceUnit, const std::string& lengthUnit) {
+    unitSystem_ = UnitSystem(forceUnit, lengthUnit);
+    TextImporter importer(text.data(), text.data() + text.size(), unitSystem_, true);
+    ReadProfile(importer);
+}
+
 void Terrix::ImportJson(std::string_view text) { *this = ProfileFromJsonText(text, nullptr); }
 
 void Terrix::ImportJson(std::string_view text, const std::string& forceUnit, const std::string& lengthUnit) {
@@ -273,10 +279,13 @@ bool Terrix::TryDeduceUnits(Quantity<ForcePerUnitVolumePhenomenon> waterUnitWeig
 }
 
 template void Terrix::ReadProfile(Importer&);
+template void Terrix::ReadProfile(TextImporter&);
 template void Terrix::ReadProfile(JsonImporter&);
 template void Terrix::SerializeProfile(JsonExporter&, std::string&);
 template bool Terrix::DeduceUnits(Importer&, std::string&, std::string&);
+template bool Terrix::DeduceUnits(TextImporter&, std::string&, std::string&);
 template void Terrix::SerializeProfileEnd(Importer&, bool&, bool);
+template void Terrix::SerializeProfileEnd(TextImporter&, bool&, bool);
 template void Terrix::SerializeProfileEnd(Exporter&, bool&, bool);
 #define INSTANTIATE(Archive) template void Terrix::SerializeSections(Archive&);
 TERRIX_FOR_EVERY_ARCHIVE(INSTANTIATE)

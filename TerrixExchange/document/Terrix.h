@@ -64,6 +64,10 @@ public:
     // ImportError (a std::runtime_error) at the first line that is not what
     // the format expects; the sections read before it keep what they read.
     void Import(std::istream& stream, const std::string& forceUnit, const std::string& lengthUnit);
+    // The same of a text in memory, read without a stream: the same profile,
+    // or the same error with the same four lines, as Import of a stream that
+    // holds the text.
+    void ImportText(std::string_view text, const std::string& forceUnit, const std::string& lengthUnit);
 
     // Reads one profile from JSON: its object of terrix dump ({"version": 5,
     // "header": ..., "units": ..., "sections": ...}, see DescribeProfile), or

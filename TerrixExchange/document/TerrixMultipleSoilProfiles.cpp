@@ -34,13 +34,15 @@ std::vector<std::string> TerrixMultipleSoilProfiles::GetSoilProfileNames() const
     return names;
 }
 
+TerrixMultipleSoilProfiles::Reading::Reading(const std::string& forceUnit, const std::string& lengthUnit,
+                                             std::vector<SourceLines>* linesRead)
+    : units(UnitSystem(forceUnit, lengthUnit)), lines(linesRead) {}
+
 void TerrixMultipleSoilProfiles::Import(std::istream& stream) { ReadProfiles(stream, Reading()); }
 
 void TerrixMultipleSoilProfiles::Import(std::istream& stream, const std::string& forceUnit,
                                         const std::string& lengthUnit) {
-    Reading reading;
-    reading.units = UnitSystem(forceUnit, lengthUnit);
-    ReadProfiles(stream, reading);
+    ReadProfiles(stream, Reading(forceUnit, lengthUnit, nullptr));
 }
 
 void TerrixMultipleSoilProfiles::Import(std::istream& stream, std::vector<SourceLines>& lines) {
@@ -51,15 +53,40 @@ void TerrixMultipleSoilProfiles::Import(std::istream& stream, std::vector<Source
 
 void TerrixMultipleSoilProfiles::Import(std::istream& stream, const std::string& forceUnit,
                                         const std::string& lengthUnit, std::vector<SourceLines>& lines) {
+    ReadProfiles(stream, Reading(forceUnit, lengthUnit, &lines));
+}
+
+void TerrixMultipleSoilProfiles::ImportText(std::string_view text) { ReadProfiles(text, Reading()); }
+
+void TerrixMultipleSoilProfiles::ImportText(std::string_view text, const std::string& forceUnit,
+                                            const std::string& lengthUnit) {
+    ReadProfiles(text, Reading(forceUnit, lengthUnit, nullptr));
+}
+
+void TerrixMultipleSoilProfiles::ImportText(std::string_view text, std::vector<SourceLines>& lines) {
     Reading reading;
-    reading.units = UnitSystem(forceUnit, lengthUnit);
     reading.lines = &lines;
-    ReadProfiles(stream, reading);
+    ReadProfiles(text, reading);
+}
+
+void TerrixMultipleSoilProfiles::ImportText(std::string_view text, const std::string& forceUnit,
+                                            const std::string& lengthUnit, std::vector<SourceLines>& lines) {
+    ReadProfiles(text, Reading(forceUnit, lengthUnit, &lines));
 }
 
 void TerrixMultipleSoilProfiles::ReadProfiles(std::istream& stream, const Reading& reading) {
     WhiteSpaceKept whiteSpace(stream);
     Importer importer(StreamIterator(stream), StreamIterator(), GetDatabaseUnitSystem(), true);
+    ReadProfiles(importer, reading);
+}
+
+void TerrixMultipleSoilProfiles::ReadProfiles(std::string_view text, const Reading& reading) {
+    TextImporter importer(text.data(), text.data() + text.size(), GetDatabaseUnitSystem(), true);
+    ReadProfiles(importer, reading);
+}
+
+template <class Archive>
+void TerrixMultipleSoilProfiles::ReadProfiles(Archive& importer, const Reading& reading) {
     const std::size_t heldBefore = profiles_.size();
     for (;;) {
         // Every profile starts with titles read by their words; the profile
@@ -74,7 +101,7 @@ void TerrixMultipleSoilProfiles::ReadProfiles(std::istream& stream, const Readin
             reading.maps->emplace_back();
             importer.SetSourceMap(&reading.maps->back());
         }
-        const Importer::Position start = importer.GetPosition();
+        const typename Archive::Position start = importer.GetPosition();
         // The units of this profile, when they are named.
         const std::size_t index = held - heldBefore;
         const UnitSystem* units = reading.units ? reading.units.get_ptr()

@@ -68,6 +68,14 @@ public:
     void Import(std::istream& stream, std::vector<SourceLines>& lines);
     void Import(std::istream& stream, const std::string& forceUnit, const std::string& lengthUnit,
                 std::vector<SourceLines>& lines);
+    // The same four of a text in memory, read without a stream: the same
+    // profiles, or the same error with the same four lines, as Import of a
+    // stream that holds the text.
+    void ImportText(std::string_view text);
+    void ImportText(std::string_view text, const std::string& forceUnit, const std::string& lengthUnit);
+    void ImportText(std::string_view text, std::vector<SourceLines>& lines);
+    void ImportText(std::string_view text, const std::string& forceUnit, const std::string& lengthUnit,
+                    std::vector<SourceLines>& lines);
 
     // Reads the profiles of a JSON text as terrix dump writes it
     // ({"profiles": [PROFILE, ...]}, each as Terrix::ImportJson reads it) and
@@ -133,9 +141,15 @@ private:
         const std::vector<Units::Runtime::UnitSystem>* unitsOfEach = nullptr;
         std::vector<SourceLines>* lines = nullptr;
         std::vector<SourceMap>* maps = nullptr;
+
+        Reading() = default;
+        Reading(const std::string& forceUnit, const std::string& lengthUnit, std::vector<SourceLines>* lines);
     };
-    // Reads profiles until the end of the input.
+    // Reads profiles until the end of the input, of a stream or of a text.
     void ReadProfiles(std::istream& stream, const Reading& reading);
+    void ReadProfiles(std::string_view text, const Reading& reading);
+    template <class Archive>
+    void ReadProfiles(Archive& importer, const Reading& reading);
 
     void ReadJsonProfiles(std::string_view text, const boost::optional<Units::Runtime::UnitSystem>& units);
 

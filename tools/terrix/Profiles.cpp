@@ -10,7 +10,6 @@
 
 #include <TerrixExchange/archive/JsonFormat.h>
 #include <TerrixExchange/document/TerrixMultipleSoilProfiles.h>
-#include <TerrixExchange/document/TextInPlace.h>
 #include <TerrixPlatform/Units/Runtime/UnitSystem.h>
 
 #include "ToolError.h"
@@ -53,10 +52,8 @@ FileProfiles ImportProfiles(const std::string& text, const boost::optional<UnitN
         read.lines.resize(read.all.GetSoilProfiles().size());
         return read;
     }
-    TerrixExchange::TextInPlace buffer(text.data(), text.size());
-    std::istream stream(&buffer);
-    if (units) read.all.Import(stream, units->force, units->length, read.lines);
-    else read.all.Import(stream, read.lines);
+    if (units) read.all.ImportText(text, units->force, units->length, read.lines);
+    else read.all.ImportText(text, read.lines);
     return read;
 }
 
