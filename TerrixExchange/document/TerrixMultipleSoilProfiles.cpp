@@ -57,6 +57,26 @@ void TerrixMultipleSoilProfiles::Import(std::istream& stream, const std::string&
     ReadProfiles(stream, reading);
 }
 
+void TerrixMultipleSoilProfiles::Import(std::istream& stream, std::vector<SourceLines>& lines,
+                                        std::vector<SourceMap>& maps) {
+    Reading reading;
+    reading.lines = &lines;
+    reading.maps = &maps;
+    reading.mapsNoteValues = true;
+    ReadProfiles(stream, reading);
+}
+
+void TerrixMultipleSoilProfiles::Import(std::istream& stream, const std::string& forceUnit,
+                                        const std::string& lengthUnit, std::vector<SourceLines>& lines,
+                                        std::vector<SourceMap>& maps) {
+    Reading reading;
+    reading.units = UnitSystem(forceUnit, lengthUnit);
+    reading.lines = &lines;
+    reading.maps = &maps;
+    reading.mapsNoteValues = true;
+    ReadProfiles(stream, reading);
+}
+
 void TerrixMultipleSoilProfiles::ReadProfiles(std::istream& stream, const Reading& reading) {
     WhiteSpaceKept whiteSpace(stream);
     Importer importer(StreamIterator(stream), StreamIterator(), GetDatabaseUnitSystem(), true);
@@ -72,6 +92,7 @@ void TerrixMultipleSoilProfiles::ReadProfiles(std::istream& stream, const Readin
         }
         if (reading.maps) {
             reading.maps->emplace_back();
+            reading.maps->back().SetNotesValues(reading.mapsNoteValues);
             importer.SetSourceMap(&reading.maps->back());
         }
         const Importer::Position start = importer.GetPosition();
