@@ -165,6 +165,7 @@ int main(int argc, char** argv) {
     TerrixTool::AddReportCommand(app, run);
     TerrixTool::AddDiffCommand(app, run);
     TerrixTool::AddNewCommand(app, run);
+    TerrixTool::AddLspCommand(app, run);
 
     try {
         app.parse(argc, argv);
