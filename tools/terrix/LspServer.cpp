@@ -73,7 +73,8 @@ void LanguageServer::Handle(const std::string& body) {
     try {
         message = Json::parse(body);
     } catch (const Json::parse_error& error) {
-        Send(ErrorMessage(nullptr, RpcError::parseError, std::string("Parse error: ") + error.what()));
+        Send(ErrorMessage(nullptr, RpcError::parseError,
+                          "Parse error: the message is not JSON (at byte " + std::to_string(error.byte) + ")"));
         return;
     }
     const Json& id = Member(message, "id");
@@ -84,7 +85,7 @@ void LanguageServer::Handle(const std::string& body) {
         if (message.is_object() && !message.contains("method") && (message.contains("result") || message.contains("error")))
             return;
         Send(ErrorMessage(validId ? id : Json(nullptr), RpcError::invalidRequest,
-                          "Invalid Request: a JSON-RPC request or notification is an object with a \"method\""));
+                          "Invalid Request: a request or notification is a JSON object with a \"method\" text and, for a request, an \"id\" that is a number or a text"));
         return;
     }
     const Json& params = Member(message, "params");
