@@ -11,7 +11,8 @@ messages it sends, and the messages it must get back, exactly.
   "initialize": params of initialize merged over {"capabilities": {}}
   "diagnostics": those published for the opened text (exact)
   "steps": [{"request"|"notify": {"method": ..., "params": ...}, or
-             "raw": bytes as a string of code points 0-255,
+             "raw": bytes as a string of code points 0-255, or
+             "rawBody": {"repeat": TEXT, "times": K}: a message of K times TEXT,
              "expect": [MESSAGE, ...] in order,
              "diffOfEditsFinds": "nothing" (apply the returned edits, then
                                    terrix diff the two texts)}]
@@ -170,6 +171,9 @@ def run_case(terrix, source_dir, path):
                 server.send(dict(step["request"], id=request_id))
             elif "notify" in step:
                 server.send(step["notify"])
+            elif "rawBody" in step:
+                body = step["rawBody"]["repeat"].encode("latin-1") * step["rawBody"]["times"]
+                server.send_bytes(b"Content-Length: %d\r\n\r\n" % len(body) + body)
             else:
                 server.send_bytes(step["raw"].encode("latin-1"))
             try:
