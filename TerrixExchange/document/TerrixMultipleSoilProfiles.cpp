@@ -59,18 +59,19 @@ void TerrixMultipleSoilProfiles::Import(std::istream& stream, const std::string&
 
 void TerrixMultipleSoilProfiles::Import(std::istream& stream, std::vector<SourceLines>& lines,
                                         std::vector<SourceMap>& maps) {
-    Reading reading;
-    reading.lines = &lines;
-    reading.maps = &maps;
-    reading.mapsNoteValues = true;
-    ReadProfiles(stream, reading);
+    ReadNotingValues(stream, boost::none, lines, maps);
 }
 
 void TerrixMultipleSoilProfiles::Import(std::istream& stream, const std::string& forceUnit,
                                         const std::string& lengthUnit, std::vector<SourceLines>& lines,
                                         std::vector<SourceMap>& maps) {
+    ReadNotingValues(stream, UnitSystem(forceUnit, lengthUnit), lines, maps);
+}
+
+void TerrixMultipleSoilProfiles::ReadNotingValues(std::istream& stream, const boost::optional<UnitSystem>& units,
+                                                  std::vector<SourceLines>& lines, std::vector<SourceMap>& maps) {
     Reading reading;
-    reading.units = UnitSystem(forceUnit, lengthUnit);
+    reading.units = units;
     reading.lines = &lines;
     reading.maps = &maps;
     reading.mapsNoteValues = true;

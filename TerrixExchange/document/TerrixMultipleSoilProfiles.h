@@ -169,6 +169,10 @@ private:
     };
     // Reads profiles until the end of the input.
     void ReadProfiles(std::istream& stream, const Reading& reading);
+    // Reads them, in `units` or in each one's own, noting lines, pieces and
+    // values.
+    void ReadNotingValues(std::istream& stream, const boost::optional<Units::Runtime::UnitSystem>& units,
+                          std::vector<SourceLines>& lines, std::vector<SourceMap>& maps);
 
     void ReadJsonProfiles(std::string_view text, const boost::optional<Units::Runtime::UnitSystem>& units);
 
