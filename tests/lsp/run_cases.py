@@ -8,7 +8,8 @@ messages it sends, and the messages it must get back, exactly.
                repository, "replace": [[FROM, TO], ...] (each FROM once),
                "insert": {"beforeLine": N, "repeat": TEXT, "times": K, "end": TEXT}}:
                K times TEXT, then "end", before line N
-  "initialize": params of initialize merged over {"capabilities": {}}
+  "initialize": params of initialize merged over {"capabilities": {}};
+               null: no initialize is sent
   "diagnostics": those published for the opened text (exact)
   "steps": [{"request"|"notify": {"method": ..., "params": ...}, or
              "raw": bytes as a string of code points 0-255, or
@@ -148,10 +149,11 @@ def run_case(terrix, source_dir, path):
     case = substituted(case, uri)
     server = Server(terrix, case.get("args", []))
     try:
-        server.send({"id": 0, "method": "initialize", "params": dict({"capabilities": {}}, **case.get("initialize", {}))})
-        answer = server.receive()
-        assert "capabilities" in answer.get("result", {}), "initialize: %s" % answer
-        server.send({"method": "initialized", "params": {}})
+        if case.get("initialize", {}) is not None:
+            server.send({"id": 0, "method": "initialize", "params": dict({"capabilities": {}}, **case.get("initialize", {}))})
+            answer = server.receive()
+            assert "capabilities" in answer.get("result", {}), "initialize: %s" % answer
+            server.send({"method": "initialized", "params": {}})
         text = None
         if "document" in case:
             text = document_text(case["document"], source_dir)
