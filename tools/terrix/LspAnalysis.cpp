@@ -235,6 +235,10 @@ Json Analysis::TextEdits(const std::vector<TerrixExchange::LineEdit>& edits) con
 }
 
 Json Analysis::Formatting(std::string& problem) const {
+    if (TerrixExchange::IsJsonText(text_.Text())) {
+        problem = "The text is not formatted: it is the JSON of terrix dump, not TERRIX text";
+        return Json::array();
+    }
     if (!imported_) {
         problem = "The text is not formatted: it does not import (line " + std::to_string(errorLine_) + ": " +
                   error_.substr(0, error_.find('\n')) + ")";
@@ -256,7 +260,8 @@ Json Analysis::CodeActions(const std::string& uri, const Json& range) const {
     std::uint64_t first = 0;
     std::uint64_t last = 0;
     std::size_t column = 0;
-    if (!imported_ || !range.is_object() || !text_.ToColumn(range.value("start", Json()), first, column) ||
+    if (!imported_ || TerrixExchange::IsJsonText(text_.Text()) || !range.is_object() ||
+        !text_.ToColumn(range.value("start", Json()), first, column) ||
         !text_.ToColumn(range.value("end", Json()), last, column))
         return actions;
     for (const Finding& finding : findings_) {
