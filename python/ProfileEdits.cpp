@@ -9,7 +9,6 @@
 
 #include "ProfileHandle.h"
 
-#include <charconv>
 #include <cmath>
 #include <cstdint>
 
@@ -265,9 +264,7 @@ double FromFileNumber(py::handle value, const std::vector<int>& dimension, const
         text = value.cast<std::string>();
     } else if ((PyFloat_Check(value.ptr()) || PyLong_Check(value.ptr())) && !PyBool_Check(value.ptr())) {
         // The shortest text of the double, read as the file's text is read.
-        char digits[64];
-        const auto written = std::to_chars(digits, digits + sizeof digits, value.cast<double>());
-        text.assign(digits, written.ptr);
+        text = ShortestDecimalText(value.cast<double>(), DecimalForm::Scientific);
     } else {
         throw py::type_error("expected a number, found " + Repr(value));
     }

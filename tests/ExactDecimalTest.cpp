@@ -18,6 +18,7 @@
 
 #include <TerrixExchange/archive/ExactDecimal.h>
 #include <TerrixExchange/archive/JsonFormat.h>
+#include <TerrixExchange/archive/NumberText.h>
 #include <TerrixPlatform/Units/Runtime/UnitRatio.h>
 
 namespace {
@@ -27,6 +28,8 @@ using TerrixExchange::Units::Runtime::UnitRatio;
 using TerrixExchange::Units::Runtime::Unsigned128;
 using TerrixExchange::ParseJson;
 using TerrixExchange::WriteJson;
+using TerrixExchange::DecimalForm;
+using TerrixExchange::ShortestDecimalText;
 
 std::string Text(const Scientific& scientific) {
     return (scientific.negative ? "-" : "") + std::string(scientific.digits, static_cast<std::size_t>(scientific.count)) +
@@ -222,6 +225,30 @@ TEST(ExactDecimal, JsonNumbersAreTheShortestTextsThatReadBack) {
     for (const auto& [value, text] : written) EXPECT_EQ(WriteJson(value), text + "\n") << std::hexfloat << value;
     for (const double value : HardDoubles())
         ASSERT_EQ(Bits(ParseJson(WriteJson(value)).get<double>()), Bits(value)) << WriteJson(value);
+}
+
+// The shortest digits in the three forms of to_chars, which the tool prints
+// its figures with: the same texts where the standard library has no
+// floating-point to_chars.
+TEST(ExactDecimal, ShortestTextsInTheFormsOfToChars) {
+    struct Texts {
+        double value;
+        std::string plain, scientific, general;
+    };
+    const std::vector<Texts> written = {
+        {123456.0, "123456", "1.23456e+05", "123456"},
+        {1234567.5, "1234567.5", "1.2345675e+06", "1.2345675e+06"},
+        {0.0001234, "0.0001234", "1.234e-04", "0.0001234"},
+        {1.25e-5, "0.0000125", "1.25e-05", "1.25e-05"},
+        {1e20, "100000000000000000000", "1e+20", "1e+20"},
+        {-0.0, "-0", "-0e+00", "-0"},
+        {2.5, "2.5", "2.5e+00", "2.5"},
+        {-std::nan(""), "-NaN", "-NaN", "-NaN"}};
+    for (const Texts& texts : written) {
+        EXPECT_EQ(ShortestDecimalText(texts.value, DecimalForm::Plain), texts.plain);
+        EXPECT_EQ(ShortestDecimalText(texts.value, DecimalForm::Scientific), texts.scientific);
+        EXPECT_EQ(ShortestDecimalText(texts.value, DecimalForm::General), texts.general);
+    }
 }
 
 }  // namespace

@@ -6,7 +6,7 @@
 #include <limits>
 #include <vector>
 
-#include <TerrixExchange/archive/ExactDecimal.h>
+#include <TerrixExchange/archive/NumberText.h>
 #include <TerrixExchange/archive/JsonImporter.h>
 
 namespace TerrixExchange {
@@ -21,26 +21,11 @@ namespace {
 // reader takes "-0" for the integer 0; "-0.0" keeps the sign.
 std::string ShortestText(double value) {
     if (value == 0.0 && std::signbit(value)) return "-0.0";
-    const ExactDecimal::Scientific shortest = ExactDecimal::ToScientific(value);
-    const std::string digits(shortest.digits, static_cast<std::size_t>(shortest.count));
-    const long exponent = shortest.exponent;
-    std::string text = shortest.negative ? "-" : "";
-    if (exponent < 0) {
-        text += "0." + std::string(static_cast<std::size_t>(-exponent - 1), '0') + digits;
-    } else if (static_cast<std::size_t>(exponent) + 1 >= digits.size()) {
-        text += digits + std::string(static_cast<std::size_t>(exponent) + 1 - digits.size(), '0');
-    } else {
-        text += digits.substr(0, static_cast<std::size_t>(exponent) + 1) + "." +
-                digits.substr(static_cast<std::size_t>(exponent) + 1);
-    }
-    if (text.size() <= 21) return text;
-    std::string scientific = shortest.negative ? "-" : "";
-    scientific += digits.substr(0, 1);
-    if (digits.size() > 1) scientific += "." + digits.substr(1);
-    const std::string power = std::to_string(std::labs(exponent));
-    scientific += (exponent < 0 ? "e-" : "e+") + std::string(power.size() < 2 ? "0" : "") + power;
+    const std::string plain = ShortestDecimalText(value, DecimalForm::Plain);
+    if (plain.size() <= 21) return plain;
     // The shorter of the two, plain decimals on a tie.
-    return text.size() <= scientific.size() ? text : scientific;
+    const std::string scientific = ShortestDecimalText(value, DecimalForm::Scientific);
+    return plain.size() <= scientific.size() ? plain : scientific;
 }
 
 void Write(const Json& value, int depth, std::string& text) {

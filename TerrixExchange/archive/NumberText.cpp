@@ -568,6 +568,23 @@ std::string ShortestExponential(const Decimal& decimal) {
 
 }  // namespace
 
+std::string ShortestDecimalText(double value, DecimalForm form) {
+    if (!std::isfinite(value)) return FormatReal(value, 0);
+    const Scientific shortest = ToScientific(value);
+    const Decimal decimal{shortest.negative, std::string(shortest.digits, static_cast<std::size_t>(shortest.count)),
+                          shortest.exponent};
+    if (form == DecimalForm::General)
+        form = decimal.exponent < -4 || decimal.exponent >= 6 ? DecimalForm::Scientific : DecimalForm::Plain;
+    if (form == DecimalForm::Scientific) return Exponential(decimal, 1, true);
+    // A whole number without a point, as fixed writes it.
+    if (decimal.exponent >= shortest.count - 1) {
+        std::string text = Plain(decimal, true);
+        text.pop_back();
+        return text;
+    }
+    return Plain(decimal);
+}
+
 std::string FormatReal(double value, int fieldWidth, const UnitRatio& unitSize) {
     return FormatReal(value, fieldWidth, UnitScale(unitSize));
 }

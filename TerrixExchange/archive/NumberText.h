@@ -30,6 +30,17 @@ namespace TerrixExchange {
 std::string FormatReal(double value, int fieldWidth,
                        const Units::Runtime::UnitRatio& unitSize = Units::Runtime::UnitRatio{});
 
+// The shortest decimal digits that read back as `value`, the digits
+// std::to_chars finds, written in one of the forms it writes them in:
+// `Plain` as fixed writes them ("0.001", "100000000000000000000", "2.5"),
+// `Scientific` as scientific ("1e-03", "2.5e+00"), `General` as general, in
+// the style of printf's "%g" (scientific for an exponent below -4 or from 6
+// on: "123456", "1.234567e+06"). The same text on every platform, whether
+// or not its standard library converts doubles. NaN and the infinities as
+// FormatReal writes them.
+enum class DecimalForm { Plain, Scientific, General };
+std::string ShortestDecimalText(double value, DecimalForm form);
+
 // Reads a number token: an optional sign, digits with an optional decimal
 // point, an optional exponent with "e", "E", "d" or "D", or NaN / Inf /
 // Infinity in any case. The result is the double nearest to the number times

@@ -1,8 +1,10 @@
 #include "FileUnits.h"
 
-#include <charconv>
 #include <cmath>
 #include <cstdio>
+#include <initializer_list>
+
+#include <TerrixExchange/archive/NumberText.h>
 
 namespace TerrixTool {
 
@@ -10,12 +12,11 @@ std::string Compact(double value, std::size_t width) {
     if (std::isnan(value)) return "NaN";
     if (std::isinf(value)) return value > 0 ? "Inf" : "-Inf";
     if (value == 0.0) return "0";  // also -0
-    char buffer[64];
-    for (const std::chars_format format : {std::chars_format::fixed, std::chars_format::general}) {
-        const auto result = std::to_chars(buffer, buffer + sizeof buffer, value, format);
-        if (result.ec == std::errc() && static_cast<std::size_t>(result.ptr - buffer) <= width)
-            return std::string(buffer, result.ptr);
+    for (const auto form : {TerrixExchange::DecimalForm::Plain, TerrixExchange::DecimalForm::General}) {
+        std::string text = TerrixExchange::ShortestDecimalText(value, form);
+        if (text.size() <= width) return text;
     }
+    char buffer[64];
     std::string text;
     for (int digits = 6; digits >= 1; --digits) {
         std::snprintf(buffer, sizeof buffer, "%.*g", digits, value);

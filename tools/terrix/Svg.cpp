@@ -31,8 +31,8 @@ const int legendRowHeight = 16;
 std::string Number(double value) {
     char buffer[32];
     if (!(std::fabs(value) < 1e15)) {
-        const auto end = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, 1).ptr;
-        return std::string(buffer, end);
+        std::snprintf(buffer, sizeof buffer, "%.1f", value);
+        return buffer;
     }
     const long long tenths = std::llround(value * 10.0);
     const unsigned long long magnitude = static_cast<unsigned long long>(tenths < 0 ? -tenths : tenths);
@@ -108,9 +108,9 @@ std::vector<double> Ticks(double low, double high, int count) {
 std::string TickText(double value) {
     // Six significant digits take away the noise of k * step.
     char buffer[32];
-    const auto end = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::general, 6).ptr;
+    std::snprintf(buffer, sizeof buffer, "%.6g", value);
     double rounded = value;
-    TerrixExchange::ParseReal(std::string(buffer, end), rounded);
+    TerrixExchange::ParseReal(buffer, rounded);
     return Compact(rounded, 8);
 }
 
