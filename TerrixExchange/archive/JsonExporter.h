@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -177,12 +178,12 @@ public:
     bool Parameter(Value&& value, const std::string& name, const std::string& comment) {
         (*section_)[name] = ToJson(value);
         NoteDimension(name, DimensionOf(value));
-        NoteField("parameters", name, FieldOf(value, ColumnMeaning::Converted), comment);
+        if (fields_) NoteField("parameters", name, FieldOf(value, ColumnMeaning::Converted), comment);
         return true;
     }
     void StringParameter(const std::string& value, const std::string& name, const std::string& comment) {
         (*section_)[name] = JsonText(value, encoding_);
-        NoteField("parameters", name, Field("text"), comment);
+        if (fields_) NoteField("parameters", name, Field("text"), comment);
     }
     // The layout a section holds, by its name.
     template <std::size_t Count>
@@ -199,7 +200,10 @@ public:
     template <class Record, class... Arguments>
     void RecordVector(std::vector<Record>& records, std::size_t, Arguments&&... arguments) {
         Json& list = (*section_)["records"] = Json::array();
-        for (Record& record : records) {
+        // What the fields are, the first record tells for all of them.
+        const std::size_t walked = fields_ ? std::min<std::size_t>(records.size(), 1) : records.size();
+        for (std::size_t i = 0; i < walked; ++i) {
+            Record& record = records[i];
             list.push_back(Json::object());
             record_ = &list.back();
             record.Serialize(*this, arguments...);
@@ -228,7 +232,8 @@ public:
     void Vector(const NamedField<Field>& vector, std::size_t, const std::string& comment) {
         (record_ ? *record_ : *section_)[vector.name] = ToJson(vector.field);
         NoteDimension(vector.name, DimensionOf(vector.field));
-        NoteField(record_ ? "columns" : "parameters", vector.name, FieldOf(vector.field, vector.meaning),
+        if (fields_)
+            NoteField(record_ ? "columns" : "parameters", vector.name, FieldOf(vector.field, vector.meaning),
                   record_ ? "" : comment);
     }
 
@@ -238,7 +243,7 @@ private:
         (*record_)[column.name] = ToJson(column.field);
         NoteDimension(column.name, column.meaning == ColumnMeaning::Converted ? DimensionOf(column.field)
                                                                              : Units::Runtime::DynamicDimension{});
-        NoteField("columns", column.name, FieldOf(column.field, column.meaning), "");
+        if (fields_) NoteField("columns", column.name, FieldOf(column.field, column.meaning), "");
         if (column.meaning != ColumnMeaning::Converted)
             MeetColumn(column.name, column.meaning, IsNonZero(column.field));
     }

@@ -99,7 +99,30 @@ void SpiritImporter<Iterator>::SetPosition(const Position& position) {
     reportsCurrentLine_ = position.reportsCurrentLine;
     lineCounter_ = position.lineCounter;
     lineToReport_ = position.lineToReport;
-    if (sourceMap_) sourceMap_->Truncate(position.mapPieces, position.mapComments);
+    if (sourceMap_) sourceMap_->Truncate(position.mapPieces, position.mapComments, position.mapValues);
+}
+
+template <class Iterator>
+void SpiritImporter<Iterator>::NoteNumber(const std::string& name, std::uint32_t element, SourceMap::ValueKind kind,
+                                          ColumnMeaning meaning) {
+    NoteValue(name, element, kind, meaning, lastNumber_.firstColumn, lastNumber_.endColumn, lastNumber_.dimension,
+              lastNumber_.value);
+}
+
+template <class Iterator>
+void SpiritImporter<Iterator>::NoteValue(const std::string& name, std::uint32_t element, SourceMap::ValueKind kind,
+                                         ColumnMeaning meaning, std::size_t firstColumn, std::size_t endColumn,
+                                         Units::Runtime::DynamicDimension dimension, double number) {
+    if (!NotesValues()) return;
+    // A line longer than 4 GB is no line of a profile; its columns are cut.
+    const auto narrow = [](std::size_t column) {
+        return static_cast<std::uint32_t>(std::min<std::size_t>(column, 0xFFFFFFFFu));
+    };
+    // An integer column holds the number truncated, as the profile does.
+    const double held = kind == SourceMap::ValueKind::WholeNumber ? std::trunc(number) : number;
+    sourceMap_->AddValue(SourceMap::Value{lineCounter_, narrow(firstColumn), narrow(endColumn),
+                                          sourceMap_->NameIndex(sectionTitle_), sourceMap_->NameIndex(name),
+                                          mapRecord_, element, kind, meaning, dimension, held});
 }
 
 template <class Iterator>
@@ -290,6 +313,12 @@ template <class Iterator>
 bool SpiritImporter<Iterator>::TryReadReal(double& value, Units::Runtime::DynamicDimension dimension) {
     Cursor it = Here();
     if (!ParseNumber(it, LineEnd(), value, scales_.Of(dimension))) return false;
+    // The number's text ends where the parse ended and starts after the
+    // blanks before it.
+    Cursor first = Here();
+    SkipBlanks(first, it);
+    lastNumber_ = ReadNumber{static_cast<std::size_t>(first - line_.data()), static_cast<std::size_t>(it - line_.data()),
+                             dimension, value};
     MoveTo(it);
     return true;
 }
@@ -328,6 +357,11 @@ void SpiritImporter<Iterator>::StringParameter(std::string& value, const std::st
                  qi::lit('\''));
     if (!qi::parse(it, LineEnd(), qi::omit[*blank] >> quoted, text)) RaiseImportError("Expected string.");
     value = text;
+    Cursor first = Here();
+    SkipBlanks(first, it);
+    NoteValue(name, SourceMap::none, SourceMap::ValueKind::Text, ColumnMeaning::Converted,
+              static_cast<std::size_t>(first - line_.data()), static_cast<std::size_t>(it - line_.data()),
+              Units::Runtime::DynamicDimension{}, std::numeric_limits<double>::quiet_NaN());
     MoveTo(it);
     NotePiece(SourceMap::Kind::Parameter, NameIndex(name), lineCounter_);
     NextLine(true);
@@ -461,6 +495,7 @@ void SpiritImporter<Iterator>::ReadVector(std::vector<double>& values, std::size
         double value = 0.0;
         if (!TryReadReal(value, dimension))
             RaiseImportError("Error parsing argument: " + std::to_string(i) + ", expected vector of size: " + sizeText);
+        NoteNumber(vectorName_, static_cast<std::uint32_t>(i), SourceMap::ValueKind::Number, vectorMeaning_);
         values.push_back(value);
     }
     // After the last value the line holds the vector's own comment, as the

@@ -60,6 +60,7 @@ public:
         std::uint64_t lineToReport;
         std::size_t mapPieces;
         std::size_t mapComments;
+        std::size_t mapValues;
     };
 
     // Puts the importer back where it stood when a section began, should an
@@ -97,7 +98,8 @@ public:
     // Where to note the line of each section title, parameter and table row
     // read from now on; none (null) by default.
     void SetSourceLines(SourceLines* sourceLines) { sourceLines_ = sourceLines; }
-    // Where to note every piece of the text read from now on, in order.
+    // Where to note every piece of the text read from now on, in order (and
+    // every value, when the map notes values).
     void SetSourceMap(SourceMap* sourceMap) { sourceMap_ = sourceMap; }
     std::uint64_t GetLineCounter() const { return lineCounter_; }
     Position GetPosition() const {
@@ -110,7 +112,8 @@ public:
                         lineCounter_,
                         lineToReport_,
                         sourceMap_ ? sourceMap_->GetPieceCount() : 0,
-                        sourceMap_ ? sourceMap_->GetCommentLineCount() : 0};
+                        sourceMap_ ? sourceMap_->GetCommentLineCount() : 0,
+                        sourceMap_ ? sourceMap_->GetValueCount() : 0};
     }
     void SetPosition(const Position& position);
     // Column widths matter only to the exporter; the importer reads values
@@ -185,7 +188,7 @@ public:
     template <class... Fields>
     void Row(NamedField<Fields>... columns) {
         NotePiece(SourceMap::Kind::Row, SourceMap::none, lineCounter_);
-        RowOfValues(std::forward<Fields>(columns.field)...);
+        RowOfValues(columns...);
     }
     // `size` values over one or more lines; after the last value its line
     // may hold only the vector's comment, as the exporter writes it.
@@ -195,12 +198,13 @@ public:
         // like a parameter; within a table row it names the row's last one.
         if (sourceLines_) sourceLines_->SetParameterLine(sectionTitle_, vector.name, lineCounter_);
         vectorName_ = vector.name;
+        vectorMeaning_ = vector.meaning;
         Vector(std::forward<Field>(vector.field), size, comment);
     }
 
 private:
     template <class... Fields>
-    void RowOfValues(Fields&&... fields);
+    void RowOfValues(NamedField<Fields>&... columns);
     void Vector(std::vector<double>& values, std::size_t size, const std::string& comment) {
         ReadVector(values, size, Units::Runtime::DynamicDimension{}, comment);
     }
@@ -267,17 +271,36 @@ private:
         NotePiece(kind, name, firstLine, lineCounter_);
     }
     std::uint32_t NameIndex(const std::string& name) { return sourceMap_ ? sourceMap_->NameIndex(name) : 0; }
+    // Notes the number read last (see lastNumber_) as the value `name` of
+    // the current section and record, where the map notes values.
+    void NoteNumber(const std::string& name, std::uint32_t element, SourceMap::ValueKind kind,
+                    ColumnMeaning meaning);
+    void NoteValue(const std::string& name, std::uint32_t element, SourceMap::ValueKind kind, ColumnMeaning meaning,
+                   std::size_t firstColumn, std::size_t endColumn, Units::Runtime::DynamicDimension dimension,
+                   double number);
+    bool NotesValues() const { return sourceMap_ && sourceMap_->NotesValues(); }
+    template <class Value>
+    static SourceMap::ValueKind KindOfValue(const Value&) {
+        return SourceMap::ValueKind::Number;
+    }
+    static SourceMap::ValueKind KindOfValue(const int&) { return SourceMap::ValueKind::WholeNumber; }
     void ReadVector(std::vector<double>& values, std::size_t size, Units::Runtime::DynamicDimension dimension,
                     const std::string& comment);
     // One record of a table, appended to it.
     template <class Record, class... Arguments>
     void ReadRecord(std::vector<Record>& records, Arguments&... arguments);
 
+    // A column's name and meaning, for the source map.
+    struct ColumnNote {
+        const char* name;
+        ColumnMeaning meaning;
+    };
     template <class Field>
-    void ReadField(Field&& field, std::size_t fieldCount, std::size_t numbersAhead);
+    void ReadField(Field&& field, ColumnNote column, std::size_t fieldCount, std::size_t numbersAhead);
     template <class Value>
-    void ReadField(boost::optional<Value>& field, std::size_t fieldCount, std::size_t numbersAhead);
-    void ReadField(ValuesToEndOfLine field, std::size_t fieldCount, std::size_t numbersAhead);
+    void ReadField(boost::optional<Value>& field, ColumnNote column, std::size_t fieldCount,
+                   std::size_t numbersAhead);
+    void ReadField(ValuesToEndOfLine field, ColumnNote column, std::size_t fieldCount, std::size_t numbersAhead);
     [[noreturn]] void RaiseFieldError(std::size_t fieldStart);
     void EndRow();
 
@@ -314,6 +337,15 @@ private:
     std::uint32_t mapPart_ = 0;
     std::uint32_t tableHeaders_ = 0;
     const char* vectorName_ = "";
+    ColumnMeaning vectorMeaning_ = ColumnMeaning::Converted;
+    // Where the number read last stands in its line, and what it is.
+    struct ReadNumber {
+        std::size_t firstColumn = 0;
+        std::size_t endColumn = 0;
+        Units::Runtime::DynamicDimension dimension;
+        double value = 0.0;
+    };
+    ReadNumber lastNumber_;
 };
 
 using StreamIterator = boost::spirit::basic_istream_iterator<char>;
@@ -329,6 +361,7 @@ bool SpiritImporter<Iterator>::Parameter(Value&& value, const std::string& name,
     const std::size_t start = column_;
     if (TryReadParameter(value, name)) {
         if (sourceLines_) sourceLines_->SetParameterLine(sectionTitle_, name, lineCounter_);
+        NoteNumber(name, SourceMap::none, KindOfValue(value), ColumnMeaning::Converted);
         NotePiece(SourceMap::Kind::Parameter, NameIndex(name), lineCounter_);
         return true;
     }
@@ -421,25 +454,28 @@ void SpiritImporter<Iterator>::OpenRecordVector(std::vector<Record>& records) {
 
 template <class Iterator>
 template <class... Fields>
-void SpiritImporter<Iterator>::RowOfValues(Fields&&... fields) {
+void SpiritImporter<Iterator>::RowOfValues(NamedField<Fields>&... columns) {
     constexpr std::size_t fieldCount = sizeof...(Fields);
     constexpr bool anyOptional = (IsOptional<Fields>() || ... || false);
     const std::size_t numbersAhead = anyOptional ? CountNumbersAhead() : fieldCount;
-    (ReadField(std::forward<Fields>(fields), fieldCount, numbersAhead), ...);
+    (ReadField(std::forward<Fields>(columns.field), ColumnNote{columns.name, columns.meaning}, fieldCount,
+               numbersAhead),
+     ...);
     EndRow();
 }
 
 template <class Iterator>
 template <class Field>
-void SpiritImporter<Iterator>::ReadField(Field&& field, std::size_t, std::size_t) {
+void SpiritImporter<Iterator>::ReadField(Field&& field, ColumnNote column, std::size_t, std::size_t) {
     const std::size_t fieldStart = column_;
     if (!TryReadValue(field)) RaiseFieldError(fieldStart);
+    if (NotesValues()) NoteNumber(column.name, SourceMap::none, KindOfValue(field), column.meaning);
     ++fieldIndex_;
 }
 
 template <class Iterator>
 template <class Value>
-void SpiritImporter<Iterator>::ReadField(boost::optional<Value>& field, std::size_t fieldCount,
+void SpiritImporter<Iterator>::ReadField(boost::optional<Value>& field, ColumnNote column, std::size_t fieldCount,
                                          std::size_t numbersAhead) {
     // An optional column is there when the line holds a number for every
     // column; one number short, it is the missing one.
@@ -451,16 +487,22 @@ void SpiritImporter<Iterator>::ReadField(boost::optional<Value>& field, std::siz
     Value value{};
     if (!TryReadValue(value)) RaiseFieldError(fieldStart);
     field = value;
+    if (NotesValues()) NoteNumber(column.name, SourceMap::none, KindOfValue(value), column.meaning);
     ++fieldIndex_;
 }
 
 template <class Iterator>
-void SpiritImporter<Iterator>::ReadField(ValuesToEndOfLine field, std::size_t, std::size_t) {
+void SpiritImporter<Iterator>::ReadField(ValuesToEndOfLine field, ColumnNote column, std::size_t, std::size_t) {
     // Numbers up to the first text that is not one; what is left must then
     // be the end of the line (see EndRow).
     field.values.clear();
     double value = 0.0;
-    while (TryReadReal(value, Units::Runtime::DynamicDimension{})) field.values.push_back(value);
+    while (TryReadReal(value, Units::Runtime::DynamicDimension{})) {
+        if (NotesValues())
+            NoteNumber(column.name, static_cast<std::uint32_t>(field.values.size()), SourceMap::ValueKind::Number,
+                       column.meaning);
+        field.values.push_back(value);
+    }
     field.values.shrink_to_fit();
     ++fieldIndex_;
 }

@@ -20,8 +20,13 @@
 // - a removed one is left out;
 // - everything between pieces (comment lines, what follows the last
 //   profile, the lines between profiles) is copied as it stands.
-// New lines take the line ends of the original.
+// New lines take the line ends of the original. Realigning a text
+// (LinesKept::AsExported) keeps a piece only when it stands exactly as the
+// export writes it, so that every misaligned line is laid out anew while
+// comment lines and the header stay. What is written is gathered as edits
+// of the original's lines, which an editor applies as they are.
 
+#include <algorithm>
 #include <map>
 #include <ostream>
 #include <sstream>
@@ -180,13 +185,73 @@ bool TerrixMultipleSoilProfiles::ReadWithPieces(std::string_view text, const std
     return true;
 }
 
-bool TerrixMultipleSoilProfiles::ExportKeepingLines(std::ostream& stream, std::string_view original) {
+namespace {
+
+// The edits of a text, gathered line by line in file order: lines kept as
+// they stand, and between them what is written instead of the lines passed
+// over (nothing, for lines left out).
+class LineEdits {
+public:
+    explicit LineEdits(std::vector<LineEdit>& edits) : edits_(edits) {}
+
+    // Lines first to last of the original stay; those before them that were
+    // neither kept nor written over are left out.
+    void Keep(std::uint64_t first, std::uint64_t last) {
+        if (first > last) return;
+        if (first > next_ || !text_.empty()) edits_.push_back(LineEdit{next_, first - next_, std::move(text_)});
+        text_.clear();
+        next_ = last + 1;
+    }
+    // Text written where the original stands now.
+    void Write(std::string_view text) { text_.append(text); }
+    // The end of the original, of `lineCount` lines.
+    void End(std::uint64_t lineCount) { Keep(lineCount + 1, lineCount + 1); }
+
+private:
+    std::vector<LineEdit>& edits_;
+    std::uint64_t next_ = 1;  // the first line of the original not yet passed
+    std::string text_;
+};
+
+}  // namespace
+
+std::string ApplyLineEdits(std::string_view original, const std::vector<LineEdit>& edits) {
+    const std::vector<std::string_view> lines = SplitLines(original);
+    std::string text;
+    std::uint64_t next = 1;
+    const auto copyTo = [&](std::uint64_t end) {
+        for (; next < end && next <= lines.size(); ++next) text.append(lines[next - 1]);
+        next = std::max(next, end);
+    };
+    for (const LineEdit& edit : edits) {
+        copyTo(edit.firstLine);
+        text.append(edit.text);
+        next = edit.firstLine + edit.lineCount;
+    }
+    copyTo(lines.size() + 1);
+    return text;
+}
+
+bool TerrixMultipleSoilProfiles::ExportKeepingLines(std::ostream& stream, std::string_view original,
+                                                    LinesKept kept) {
+    std::vector<LineEdit> edits;
+    const bool lineByLine = EditKeepingLines(original, edits, kept);
+    stream << ApplyLineEdits(original, edits);
+    return lineByLine;
+}
+
+bool TerrixMultipleSoilProfiles::EditKeepingLines(std::string_view original, std::vector<LineEdit>& edits,
+                                                  LinesKept kept) {
     CheckConsistency();
+    edits.clear();
 
     std::vector<UnitSystem> units;
     for (const Terrix& profile : profiles_) units.push_back(profile.unitSystem_);
+    const std::vector<std::string_view> originalLines = SplitLines(original);
     const auto wholeExport = [&] {
-        ExportWithOwnHeaders(stream, true);
+        std::ostringstream whole;
+        ExportWithOwnHeaders(whole, true);
+        edits.assign(1, LineEdit{1, originalLines.size(), whole.str()});
         return false;
     };
 
@@ -225,17 +290,18 @@ bool TerrixMultipleSoilProfiles::ExportKeepingLines(std::ostream& stream, std::s
     for (std::size_t j = 0; j < newKeys.size(); ++j) newPlaces.emplace(newKeys[j], j);
     if (oldPlaces.size() != oldKeys.size() || newPlaces.size() != newKeys.size()) return wholeExport();
 
+    // A piece of the original stays when its text is what the edited
+    // profiles write there: unchanged from what the exporter wrote of the
+    // original, or, realigning, the very text the exporter writes.
+    const Pieces& reference = kept == LinesKept::Unchanged ? written : old;
     const std::string lineEnd = LineEndOf(original);
-    std::string text;
-    // Lines of the original from `first` to `last`, as they stand.
-    const auto copy = [&](std::uint64_t first, std::uint64_t last) {
-        for (std::uint64_t line = first; line <= last && line <= old.lines.size(); ++line)
-            text.append(old.lines[line - 1]);
-    };
+    LineEdits changes(edits);
     // Lines of the edited profiles' export, with the original's line ends.
     const auto write = [&](std::uint64_t first, std::uint64_t last) {
-        for (std::uint64_t line = first; line <= last && line <= edited.lines.size(); ++line)
-            text.append(WithoutLineEnd(edited.lines[line - 1])).append(lineEnd);
+        for (std::uint64_t line = first; line <= last && line <= edited.lines.size(); ++line) {
+            changes.Write(WithoutLineEnd(edited.lines[line - 1]));
+            changes.Write(lineEnd);
+        }
     };
     std::uint64_t oldEnd = 0;  // the last line of the original written or passed
     std::uint64_t newEnd = 0;  // the same of the export
@@ -245,17 +311,17 @@ bool TerrixMultipleSoilProfiles::ExportKeepingLines(std::ostream& stream, std::s
         if (paired || (i < oldKeys.size() && newPlaces.count(oldKeys[i]) == 0)) {
             // The lines between the last piece and this one (comment lines).
             const SourceMap::Piece& piece = *old.placed[i].piece;
-            copy(oldEnd + 1, piece.firstLine - 1);
+            changes.Keep(oldEnd + 1, piece.firstLine - 1);
             oldEnd = piece.lastLine;
             if (paired) {
                 const SourceMap::Piece& now = *edited.placed[j].piece;
-                if (written.Text(written.placed[i]) == edited.Text(edited.placed[j])) {
-                    copy(piece.firstLine, piece.lastLine);
+                if (reference.Text(reference.placed[i]) == edited.Text(edited.placed[j])) {
+                    changes.Keep(piece.firstLine, piece.lastLine);
                 } else {
                     write(now.firstLine, now.lastLine);
                     // Comment lines between the lines of a vector stay.
                     for (std::uint64_t line : old.maps[old.placed[i].profile].GetCommentLines())
-                        if (line > piece.firstLine && line < piece.lastLine) copy(line, line);
+                        if (line > piece.firstLine && line < piece.lastLine) changes.Keep(line, line);
                 }
                 newEnd = now.lastLine;
                 ++j;
@@ -269,11 +335,12 @@ bool TerrixMultipleSoilProfiles::ExportKeepingLines(std::ostream& stream, std::s
             newEnd = now.lastLine;
             ++j;
         } else {
+            edits.clear();
             return wholeExport();  // the pieces cross: no line-by-line edit
         }
     }
-    copy(oldEnd + 1, old.lines.size());
-    stream << text;
+    changes.Keep(oldEnd + 1, originalLines.size());
+    changes.End(originalLines.size());
     return true;
 }
 

@@ -74,6 +74,38 @@ void TerrixMultipleSoilProfiles::ImportText(std::string_view text, const std::st
     ReadProfiles(text, Reading(forceUnit, lengthUnit, &lines));
 }
 
+void TerrixMultipleSoilProfiles::Import(std::istream& stream, std::vector<SourceLines>& lines,
+                                        std::vector<SourceMap>& maps) {
+    ReadProfiles(stream, NotingValues(boost::none, lines, maps));
+}
+
+void TerrixMultipleSoilProfiles::Import(std::istream& stream, const std::string& forceUnit,
+                                        const std::string& lengthUnit, std::vector<SourceLines>& lines,
+                                        std::vector<SourceMap>& maps) {
+    ReadProfiles(stream, NotingValues(UnitSystem(forceUnit, lengthUnit), lines, maps));
+}
+
+void TerrixMultipleSoilProfiles::ImportText(std::string_view text, std::vector<SourceLines>& lines,
+                                            std::vector<SourceMap>& maps) {
+    ReadProfiles(text, NotingValues(boost::none, lines, maps));
+}
+
+void TerrixMultipleSoilProfiles::ImportText(std::string_view text, const std::string& forceUnit,
+                                            const std::string& lengthUnit, std::vector<SourceLines>& lines,
+                                            std::vector<SourceMap>& maps) {
+    ReadProfiles(text, NotingValues(UnitSystem(forceUnit, lengthUnit), lines, maps));
+}
+
+TerrixMultipleSoilProfiles::Reading TerrixMultipleSoilProfiles::NotingValues(
+    const boost::optional<UnitSystem>& units, std::vector<SourceLines>& lines, std::vector<SourceMap>& maps) {
+    Reading reading;
+    reading.units = units;
+    reading.lines = &lines;
+    reading.maps = &maps;
+    reading.mapsNoteValues = true;
+    return reading;
+}
+
 void TerrixMultipleSoilProfiles::ReadProfiles(std::istream& stream, const Reading& reading) {
     WhiteSpaceKept whiteSpace(stream);
     Importer importer(StreamIterator(stream), StreamIterator(), GetDatabaseUnitSystem(), true);
@@ -99,6 +131,7 @@ void TerrixMultipleSoilProfiles::ReadProfiles(Archive& importer, const Reading& 
         }
         if (reading.maps) {
             reading.maps->emplace_back();
+            reading.maps->back().SetNotesValues(reading.mapsNoteValues);
             importer.SetSourceMap(&reading.maps->back());
         }
         const typename Archive::Position start = importer.GetPosition();

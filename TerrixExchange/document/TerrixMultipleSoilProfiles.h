@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <iosfwd>
 #include <list>
 #include <stdexcept>
@@ -23,6 +24,24 @@ class InconsistentProfilesError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
+
+// A change of a text by whole lines: `lineCount` lines from `firstLine`
+// (counted from 1) replaced by `text`, whole lines each with its line end;
+// no lines to insert the text before `firstLine`, no text to remove them.
+struct LineEdit {
+    std::uint64_t firstLine;
+    std::uint64_t lineCount;
+    std::string text;
+};
+
+// The text that `edits` (in file order, none overlapping) make of `original`.
+std::string ApplyLineEdits(std::string_view original, const std::vector<LineEdit>& edits);
+
+// Which lines of the original text a writing over it keeps: those that hold
+// nothing the profiles changed, or only those that stand exactly as the
+// export writes them (the text realigned: every value and comment line
+// stays, every line laid out otherwise is written as Export lays it out).
+enum class LinesKept { Unchanged, AsExported };
 
 // Several soil profiles in one stream, one after another, each a complete
 // TERRIX profile. Between two profiles stand an empty line and the marker
@@ -68,7 +87,14 @@ public:
     void Import(std::istream& stream, std::vector<SourceLines>& lines);
     void Import(std::istream& stream, const std::string& forceUnit, const std::string& lengthUnit,
                 std::vector<SourceLines>& lines);
-    // The same four of a text in memory, read without a stream: the same
+    // Both, noting besides what every line of each profile is and where
+    // each of its values stands (a SourceMap that notes values): one map
+    // per profile read, appended to `maps` as the profile is. An editor
+    // tells from them what stands at any line and column of the text.
+    void Import(std::istream& stream, std::vector<SourceLines>& lines, std::vector<SourceMap>& maps);
+    void Import(std::istream& stream, const std::string& forceUnit, const std::string& lengthUnit,
+                std::vector<SourceLines>& lines, std::vector<SourceMap>& maps);
+    // The same six of a text in memory, read without a stream: the same
     // profiles, or the same error with the same four lines, as Import of a
     // stream that holds the text.
     void ImportText(std::string_view text);
@@ -76,6 +102,9 @@ public:
     void ImportText(std::string_view text, std::vector<SourceLines>& lines);
     void ImportText(std::string_view text, const std::string& forceUnit, const std::string& lengthUnit,
                     std::vector<SourceLines>& lines);
+    void ImportText(std::string_view text, std::vector<SourceLines>& lines, std::vector<SourceMap>& maps);
+    void ImportText(std::string_view text, const std::string& forceUnit, const std::string& lengthUnit,
+                    std::vector<SourceLines>& lines, std::vector<SourceMap>& maps);
 
     // Reads the profiles of a JSON text as terrix dump writes it
     // ({"profiles": [PROFILE, ...]}, each as Terrix::ImportJson reads it) and
@@ -121,7 +150,13 @@ public:
     // that would not read back as it is (FindInconsistencies) is refused
     // with the InconsistentProfilesError of CheckConsistency, before
     // anything is written.
-    bool ExportKeepingLines(std::ostream& stream, std::string_view original);
+    bool ExportKeepingLines(std::ostream& stream, std::string_view original,
+                            LinesKept kept = LinesKept::Unchanged);
+    // The same as edits of `original`, for an editor that changes the text
+    // it shows rather than write a new one; when the profiles are written
+    // whole, one edit replaces every line and the answer is false.
+    bool EditKeepingLines(std::string_view original, std::vector<LineEdit>& edits,
+                          LinesKept kept = LinesKept::Unchanged);
 
 private:
     // Reads `text` with the pieces of each profile, each in the units of
@@ -141,6 +176,7 @@ private:
         const std::vector<Units::Runtime::UnitSystem>* unitsOfEach = nullptr;
         std::vector<SourceLines>* lines = nullptr;
         std::vector<SourceMap>* maps = nullptr;
+        bool mapsNoteValues = false;
 
         Reading() = default;
         Reading(const std::string& forceUnit, const std::string& lengthUnit, std::vector<SourceLines>* lines);
@@ -150,6 +186,10 @@ private:
     void ReadProfiles(std::string_view text, const Reading& reading);
     template <class Archive>
     void ReadProfiles(Archive& importer, const Reading& reading);
+    // How to read, in `units` or in each one's own, noting lines, pieces and
+    // values.
+    static Reading NotingValues(const boost::optional<Units::Runtime::UnitSystem>& units,
+                                std::vector<SourceLines>& lines, std::vector<SourceMap>& maps);
 
     void ReadJsonProfiles(std::string_view text, const boost::optional<Units::Runtime::UnitSystem>& units);
 

@@ -1,10 +1,12 @@
 #include <TerrixExchange/queries/SoundnessCheck.h>
 
 #include <algorithm>
+#include <climits>
 #include <cmath>
 #include <cstdio>
 #include <exception>
 #include <stdexcept>
+#include <type_traits>
 #include <utility>
 
 #include <boost/optional.hpp>
@@ -22,15 +24,48 @@ namespace {
 using Units::Runtime::LengthPhenomenon;
 using Length = Units::Runtime::Quantity<LengthPhenomenon>;
 
+const Mending noMending{Mending::Kind::None, "", 0, 0, 0};
+
+// The counts of the control section that size a table, by name.
+template <class Visit>
+bool WithCount(ControlSection& control, const std::string& name, Visit visit) {
+    if (name == "NUMTYP") visit(control.NUMTYP);
+    else if (name == "NUMTQZ") visit(control.NUMTQZ);
+    else if (name == "NUMLAY") visit(control.NUMLAY);
+    else if (name == "NUMLAYM") visit(control.NUMLAYM);
+    else if (name == "NUMDSP") visit(control.NUMDSP);
+    else if (name == "NUMDM") visit(control.NUMDM);
+    else if (name == "NUMBS") visit(control.NUMBS);
+    else if (name == "NUMBM") visit(control.NUMBM);
+    else return false;
+    return true;
+}
+
+long long CountValue(int count) { return count; }
+long long CountValue(const boost::optional<int>& count) { return count ? *count : -1; }
+
+// The modification sections whose uncovered layers fail a query, by title.
+template <class Visit>
+bool WithModificationSection(TerrixInputData& data, const std::string& title, Visit visit) {
+    if (title == data.pyLateralResistanceDataModificationSection.GetTitle())
+        visit(data.pyLateralResistanceDataModificationSection);
+    else if (title == data.tzSkinFrictionDataModificationSection.GetTitle())
+        visit(data.tzSkinFrictionDataModificationSection);
+    else if (title == data.qzPileTipResistanceDataModificationSection.GetTitle())
+        visit(data.qzPileTipResistanceDataModificationSection);
+    else return false;
+    return true;
+}
+
 class Findings {
 public:
     Findings(const Terrix& profile, const SourceLines& lines) : profile_(profile), lines_(lines) {}
 
-    void Error(std::uint64_t line, const std::string& text) {
-        found_.push_back({line, SoundnessFinding::Severity::Error, text});
+    void Error(std::uint64_t line, const std::string& text, const Mending& mending = noMending) {
+        found_.push_back({line, SoundnessFinding::Severity::Error, text, mending});
     }
     void Warning(std::uint64_t line, const std::string& text) {
-        found_.push_back({line, SoundnessFinding::Severity::Warning, text});
+        found_.push_back({line, SoundnessFinding::Severity::Warning, text, noMending});
     }
 
     // A length of the profile as the file writes it: "12.5".
@@ -70,10 +105,22 @@ const char* const mainLayersTitle = "SOIL MAIN LAYERS AND PROPERTIES SECTION";
 const char* const diametersTitle = "PILE DIAMETERS AND GROUP EFFECTS SECTION";
 
 // "NUMLAYM is 3 but ...": a count of the control section names itself first.
+// Setting the counts from the tables mends it when the disagreement is then
+// gone (a count of three tables that disagree among themselves stays).
 void CheckCounts(const Terrix& profile, Findings& findings) {
-    for (const std::string& problem : profile.FindInconsistencies()) {
+    const std::vector<std::string> problems = profile.FindInconsistencies();
+    if (problems.empty()) return;
+    Terrix counted(profile);
+    counted.SetCountsFromTables();
+    const std::vector<std::string> left = counted.FindInconsistencies();
+    for (const std::string& problem : problems) {
         const std::string name = problem.substr(0, problem.find(' '));
-        findings.Error(findings.Parameter(controlTitle, name), problem);
+        Mending mending = noMending;
+        const bool isCount = WithCount(counted.GetTerrixInputData().controlSection, name, [&](const auto& count) {
+            mending = Mending{Mending::Kind::SetCount, name, CountValue(count), 0, 0};
+        });
+        if (!isCount || std::find(left.begin(), left.end(), problem) != left.end()) mending = noMending;
+        findings.Error(findings.Parameter(controlTitle, name), problem, mending);
     }
 }
 
@@ -140,9 +187,10 @@ void CheckDivisions(const Terrix& profile, const SourceLines& lines, Findings& f
     const int count = profile.GetTerrixInputData().controlSection.NUMLAY;
     if (!divisions.empty() && count >= 0 && covered > static_cast<std::uint64_t>(count) &&
         !FindLayerDivisionError(profile, lines))
-        findings.Error(findings.Parameter(controlTitle, "NUMLAY"), "NUMLAY is " + std::to_string(count) +
-                                                                       " but the layer divisions cover " +
-                                                                       std::to_string(covered) + " layers");
+        findings.Error(findings.Parameter(controlTitle, "NUMLAY"),
+                       "NUMLAY is " + std::to_string(count) + " but the layer divisions cover " +
+                           std::to_string(covered) + " layers",
+                       Mending{Mending::Kind::SetCount, "NUMLAY", static_cast<long long>(covered), 0, 0});
 }
 
 // Levels grow downwards: each layer's bottom lies below its top, the
@@ -226,13 +274,15 @@ class LayerFindings {
 public:
     explicit LayerFindings(Findings& findings) : findings_(findings) {}
 
-    void Add(std::int64_t layer, std::uint64_t line, const std::string& text) {
+    // `uncoveredBy`: the title of the modification section that no row of
+    // covers the layer, if that is the finding.
+    void Add(std::int64_t layer, std::uint64_t line, const std::string& text, const std::string& uncoveredBy = "") {
         for (Run& run : runs_)
             if (run.line == line && run.text == text && run.last + 1 == layer) {
                 run.last = layer;
                 return;
             }
-        runs_.push_back({layer, layer, line, text});
+        runs_.push_back({layer, layer, line, text, uncoveredBy});
     }
 
     // Ends the division: its findings go out in the order they came, "{it}"
@@ -245,7 +295,12 @@ public:
                                              std::pair<std::string, std::string>("{its}", one ? "its" : "their")})
                 for (std::size_t at = text.find(word); at != std::string::npos; at = text.find(word, at))
                     text.replace(at, word.size(), said);
-            findings_.Error(run.line, LayersName(run.first, run.last) + text);
+            const Mending mending =
+                run.uncoveredBy.empty()
+                    ? noMending
+                    : Mending{Mending::Kind::AddModificationRow, run.uncoveredBy, 0, static_cast<int>(run.first),
+                              static_cast<int>(run.last)};
+            findings_.Error(run.line, LayersName(run.first, run.last) + text, mending);
         }
         runs_.clear();
     }
@@ -256,6 +311,7 @@ private:
         std::int64_t last;
         std::uint64_t line;
         std::string text;
+        std::string uncoveredBy;
     };
     Findings& findings_;
     std::vector<Run> runs_;
@@ -293,7 +349,8 @@ void CheckCurveQuery(const Terrix& profile, const Layer& layer, const std::strin
         if (line == 0) line = divisionLine;
         layerFindings.Add(number, line,
                           ", diameter " + findings.InFile(*diameter) + ": " + message + ": no row of the " + title +
-                              " covers {it}");
+                              " covers {it}",
+                          title);
     } else if (const auto missing = FirstDiameterFailing(
                    profile, message, [&](const Length& d) { manual.GetManualCurve(number, d); })) {
         layerFindings.Add(number, divisionLine,
@@ -459,6 +516,23 @@ std::vector<SoundnessFinding> FindUnsoundValues(const Terrix& profile, const Sou
     CheckLayerQueries(profile, lines, findings);
     CheckNumbers(profile, findings);
     return findings.Take();
+}
+
+bool Mend(Terrix& profile, const Mending& mending) {
+    TerrixInputData& data = profile.GetTerrixInputData();
+    if (mending.kind == Mending::Kind::SetCount) {
+        const auto set = [&](auto& count) { count = static_cast<int>(mending.value); };
+        return mending.value >= 0 && mending.value <= INT_MAX && WithCount(data.controlSection, mending.name, set);
+    }
+    if (mending.kind == Mending::Kind::AddModificationRow)
+        return WithModificationSection(data, mending.name, [&](auto& section) {
+            // The row of the identity factors, for every diameter (DIAM 0).
+            typename std::remove_reference_t<decltype(section)>::Record row;
+            row.LAY1 = mending.firstLayer;
+            row.LAY2 = mending.lastLayer;
+            section.records.push_back(row);
+        });
+    return false;
 }
 
 }  // namespace TerrixExchange

@@ -16,6 +16,23 @@
 
 namespace TerrixExchange {
 
+// How a finding is mended, where one edit of the profile does it (see
+// Mend): a count of the control section set to what its table holds,
+// or a row of factors 1 added at the end of a modification section for the
+// layers that no row covers (LAY1 and LAY2 those layers, DIAM 0: every pile
+// diameter that no row above it covers).
+struct Mending {
+    enum class Kind { None, SetCount, AddModificationRow };
+
+    Kind kind;
+    // The count's name (NUMLAY) or the modification section's title.
+    std::string name;
+    // The count's new value, or the first and last layer of the row.
+    long long value;
+    int firstLayer;
+    int lastLayer;
+};
+
 struct SoundnessFinding {
     // An error makes the profile mean nothing sound or makes a query fail;
     // a warning is legal and answered, but likely not what was meant.
@@ -24,6 +41,7 @@ struct SoundnessFinding {
     std::uint64_t line;  // of the record, parameter or section; 0 when not read
     Severity severity;
     std::string text;
+    Mending mending;
 };
 
 // Every finding of the profile, in the order of the file's sections:
@@ -44,6 +62,12 @@ struct SoundnessFinding {
 //   properties the file does not give, divisions too many to split;
 // - values that are NaN or infinite.
 // `lines` are the profile's source lines as the import noted them.
+// Counts that disagree with their tables and P-Y, T-Z and Q-Z layers that no
+// modification row covers come with their mending.
 std::vector<SoundnessFinding> FindUnsoundValues(const Terrix& profile, const SourceLines& lines);
+
+// Makes the edit of the profile that mends a finding; false, with the
+// profile as it was, for a finding without one.
+bool Mend(Terrix& profile, const Mending& mending);
 
 }  // namespace TerrixExchange

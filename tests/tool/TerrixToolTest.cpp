@@ -117,7 +117,7 @@ TEST_F(TerrixToolTest, WrongUsageExits2AndUnknownUnitNamesExit1) {
     const ToolRun help = Run({"--help"});
     EXPECT_EQ(help.status, 0);
     for (const char* text : {"check", "show", "dump", "convert", "Unable to deduce units", "--units", "#INDEX",
-                             "shortest", "\"NaN\"", "Exit status"})
+                             "shortest", "\"NaN\"", "Exit status", "lsp", "terrix.units"})
         EXPECT_NE(help.out.find(text), std::string::npos) << text;
     EXPECT_NE(Run({"convert", "--help"}).out.find("--no-end-line"), std::string::npos);
 }

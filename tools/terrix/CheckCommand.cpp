@@ -2,10 +2,8 @@
 #include <iostream>
 #include <memory>
 
-#include <TerrixExchange/queries/LayerDivisionCheck.h>
-#include <TerrixExchange/queries/SoundnessCheck.h>
-
 #include "Commands.h"
+#include "Findings.h"
 #include "Profiles.h"
 #include "ToolError.h"
 
@@ -18,34 +16,6 @@ struct CheckOptions {
     std::vector<std::string> units;
     bool strict = false;
 };
-
-struct Finding {
-    std::uint64_t line;
-    bool isError;
-    std::string text;
-
-    bool operator<(const Finding& other) const { return line < other.line; }
-    bool operator==(const Finding& other) const { return line == other.line && text == other.text; }
-};
-
-// What is wrong in a file's profiles, by line: the layer divisions that
-// cannot be split, and with --strict what no sound profile holds. A
-// division that runs backwards is told once, though both checks find it.
-std::vector<Finding> FindingsOf(const FileProfiles& read, bool strict) {
-    std::vector<Finding> findings;
-    for (std::size_t i = 0; i < read.Profiles().size(); ++i) {
-        if (const auto error = TerrixExchange::FindLayerDivisionError(read.Profiles()[i], read.lines[i]))
-            findings.push_back({error->line, true, error->text});
-        if (!strict) continue;
-        for (const auto& finding : TerrixExchange::FindUnsoundValues(read.Profiles()[i], read.lines[i])) {
-            const Finding found{finding.line, finding.severity == TerrixExchange::SoundnessFinding::Severity::Error,
-                                finding.text};
-            if (std::find(findings.begin(), findings.end(), found) == findings.end()) findings.push_back(found);
-        }
-    }
-    std::stable_sort(findings.begin(), findings.end());
-    return findings;
-}
 
 // "version 5, 1 profile, units kN m"; profiles of differing versions or
 // units list each value once, in file order: "versions 4, 5", "units kN m, N mm".

@@ -22,6 +22,7 @@ void AddConvertCommand(CLI::App& app, CommandRun& run);
 void AddReportCommand(CLI::App& app, CommandRun& run);
 void AddDiffCommand(CLI::App& app, CommandRun& run);
 void AddNewCommand(CLI::App& app, CommandRun& run);
+void AddLspCommand(CLI::App& app, CommandRun& run);
 
 // Options that several commands share, with the same help text everywhere.
 void AddUnitsOption(CLI::App& command, std::vector<std::string>& units);

@@ -48,9 +48,10 @@ namespace {
 std::string Power(int power) { return power == 1 ? "" : std::to_string(power); }
 }  // namespace
 
-FileUnits::FileUnits(const TerrixExchange::Terrix& profile)
-    : units_(profile.GetUnitSystem()),
-      toFile_(TerrixExchange::Units::Runtime::GetDatabaseUnitSystem(), units_) {}
+FileUnits::FileUnits(const TerrixExchange::Terrix& profile) : FileUnits(profile.GetUnitSystem()) {}
+
+FileUnits::FileUnits(const TerrixExchange::Units::Runtime::UnitSystem& units)
+    : units_(units), toFile_(TerrixExchange::Units::Runtime::GetDatabaseUnitSystem(), units_) {}
 
 std::string FileUnits::Name(DynamicDimension dimension) const {
     std::string name;

@@ -51,6 +51,7 @@ std::string Degrees(const Json& answer, std::size_t width = cellWidth);
 class FileUnits {
 public:
     explicit FileUnits(const TerrixExchange::Terrix& profile);
+    explicit FileUnits(const TerrixExchange::Units::Runtime::UnitSystem& units);
 
     // "m", "kN", "kN/m2", "kN/m3": the unit of a dimension in these units.
     std::string Name(DynamicDimension dimension) const;

@@ -38,30 +38,30 @@ std::string ReadText(const std::string& file) {
     return text;
 }
 
-// The one call into the library's import: every profile of the text, TERRIX
-// or the JSON of terrix dump, in the units named or in those of each
-// profile (deduced from its control section, or named by its JSON). After
-// the last profile of a TERRIX text may stand only empty lines, comment
-// lines and the end line; anything else is an import error.
-FileProfiles ImportProfiles(const std::string& text, const boost::optional<UnitNames>& units) {
-    FileProfiles read;
-    if (TerrixExchange::IsJsonText(text)) {
-        if (units) read.all.ImportJson(text, units->force, units->length);
-        else read.all.ImportJson(text);
-        // JSON has no lines to point at.
-        read.lines.resize(read.all.GetSoilProfiles().size());
-        return read;
-    }
-    if (units) read.all.ImportText(text, units->force, units->length, read.lines);
-    else read.all.ImportText(text, read.lines);
-    return read;
-}
-
 bool IsIndex(const std::string& text) {
     return !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
 }
 
 }  // namespace
+
+void ImportText(const std::string& text, const boost::optional<UnitNames>& units, FileProfiles& read,
+                bool withMaps) {
+    if (TerrixExchange::IsJsonText(text)) {
+        if (units) read.all.ImportJson(text, units->force, units->length);
+        else read.all.ImportJson(text);
+        // JSON has no lines to point at.
+        read.lines.resize(read.all.GetSoilProfiles().size());
+        read.maps.resize(read.all.GetSoilProfiles().size());
+        return;
+    }
+    if (withMaps) {
+        if (units) read.all.ImportText(text, units->force, units->length, read.lines, read.maps);
+        else read.all.ImportText(text, read.lines, read.maps);
+    } else {
+        if (units) read.all.ImportText(text, units->force, units->length, read.lines);
+        else read.all.ImportText(text, read.lines);
+    }
+}
 
 boost::optional<UnitNames> ToUnitNames(const std::vector<std::string>& values, const std::string& option) {
     if (values.empty()) return boost::none;
@@ -78,14 +78,14 @@ boost::optional<UnitNames> ToUnitNames(const std::vector<std::string>& values, c
 FileProfiles ReadProfiles(const std::string& file, const boost::optional<UnitNames>& units) {
     const std::string text = ReadText(file);
     try {
-        return ImportProfiles(text, units);
+        FileProfiles read;
+        ImportText(text, units, read, false);
+        return read;
     } catch (const TerrixExchange::ImportError& error) {
         throw FileFailure(file, "cannot import", DisplayedImportError(error));
     } catch (const std::exception& error) {
         std::string detail = Displayed(error.what());
-        if (detail == "Unable to deduce units")
-            detail += "\nThe water unit weight and atmospheric pressure of the control section match no pair of "
-                      "known units; pass the units of the file with --units FORCE LENGTH, e.g. --units kN m";
+        if (detail == unitsNotDeduced) detail += "\n" + UnitsHint("pass the units of the file with --units FORCE LENGTH, e.g. --units kN m");
         throw FileFailure(file, "cannot import", detail);
     }
 }
@@ -110,6 +110,11 @@ std::vector<std::size_t> SelectProfiles(const std::vector<Terrix>& profiles, con
     for (std::size_t i = 0; i < profiles.size(); ++i)
         if (NameOf(profiles[i]) == selection) return {i};
     throw UsageError("--profile " + selection + ": no profile of that name");
+}
+
+std::string UnitsHint(const std::string& remedy) {
+    return "The water unit weight and atmospheric pressure of the control section match no pair of known units; " +
+           remedy;
 }
 
 UnitNames UnitsOf(const Terrix& profile) {

@@ -10,6 +10,7 @@
 #include <boost/optional.hpp>
 
 #include <TerrixExchange/archive/SourceLines.h>
+#include <TerrixExchange/archive/SourceMap.h>
 #include <TerrixExchange/document/Terrix.h>
 #include <TerrixExchange/document/TerrixMultipleSoilProfiles.h>
 
@@ -31,6 +32,9 @@ boost::optional<UnitNames> ToUnitNames(const std::vector<std::string>& values, c
 struct FileProfiles {
     TerrixExchange::TerrixMultipleSoilProfiles all;
     std::vector<TerrixExchange::SourceLines> lines;
+    // What each line of each profile is and where its values stand, where
+    // asked for (ImportText).
+    std::vector<TerrixExchange::SourceMap> maps;
 
     const std::vector<TerrixExchange::Terrix>& Profiles() const { return all.GetSoilProfiles(); }
 };
@@ -41,6 +45,21 @@ struct FileProfiles {
 // "FILE: cannot read" / "FILE: cannot import" followed by the library's text
 // as a terminal can show it (see DisplayedImportError).
 FileProfiles ReadProfiles(const std::string& file, const boost::optional<UnitNames>& units);
+
+// The one call into the library's import: every profile of the text, TERRIX
+// or the JSON of terrix dump, into `read`, in the units named or in those
+// of each profile (deduced from its control section, or named by its JSON),
+// with the source maps of a TERRIX text when `withMaps`. After the last
+// profile of a TERRIX text may stand only empty lines, comment lines and
+// the end line. Throws what the library throws, the profiles read before
+// the failure left in `read`.
+void ImportText(const std::string& text, const boost::optional<UnitNames>& units, FileProfiles& read,
+                bool withMaps);
+
+// The library's message for a profile whose units cannot be deduced, and
+// what to say after it: why, and `remedy`, how to name the units.
+const std::string unitsNotDeduced = "Unable to deduce units";
+std::string UnitsHint(const std::string& remedy);
 
 // The positions of the profiles chosen by --profile: every profile for an
 // empty selection, else the one named "NAME" (the first of that name) or

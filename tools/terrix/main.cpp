@@ -108,6 +108,18 @@ new
   of 1; in each modification section one row of factors 1 for every layer
   and pile diameter. check --strict finds nothing in it.
 
+lsp
+  A language server over standard input and output (Language Server
+  Protocol): an editor starts it and shows the import error or the findings
+  of check --strict at their lines, a hover on any value (its section,
+  parameter or column, the value in the file's units and in N and m), the
+  outline of the sections, formatting as the exporter lays lines out
+  (values, comment lines and the header kept) and fixes of a count that
+  disagrees with its table or of layers no modification row covers. Units
+  are deduced, or named by --units or the editor's setting terrix.units
+  ("kN m"). editors/ holds the VS Code extension and the lines for Neovim
+  and Emacs.
+
 --profile NAME picks the first profile of that name, #INDEX the profile at
 that place, counted from #0. --no-split (show, dump) gives the layers as
 the layer divisions of the file give them; without it, a version 4 division
@@ -165,6 +177,7 @@ int main(int argc, char** argv) {
     TerrixTool::AddReportCommand(app, run);
     TerrixTool::AddDiffCommand(app, run);
     TerrixTool::AddNewCommand(app, run);
+    TerrixTool::AddLspCommand(app, run);
 
     try {
         app.parse(argc, argv);
