@@ -378,8 +378,8 @@ constexpr PowersOfTen exactPowersOfTen = ExactPowersOfTen();
 
 // M x 10^E x numerator / denominator in 64-bit precision, where the platform
 // has it (x86's long double). M and a power of ten up to 10^27 are exact;
-// the product or quotient, the unit's numerator and denominator and the two
-// steps with them add at most five roundings of 2^-64 each, so the result
+// the product or quotient, the unit's numerator and denominator, their
+// ratio and the product with it add at most five roundings of 2^-64 each, so the result
 // lies within 2^-61 of the exact value, relatively. Unless that leaves it
 // near the point halfway between two doubles, the double nearest to it is
 // the double nearest to the exact value; false when it might not be.
@@ -392,7 +392,7 @@ bool NearestInExtendedPrecision(const ShortDecimal& decimal, const UnitScale& sc
         const long double power = exactPowersOfTen.values[exponent < 0 ? -exponent : exponent];
         long double exact = static_cast<long double>(decimal.mantissa);
         exact = exponent < 0 ? exact / power : exact * power;
-        exact = exact * scale.numerator / scale.denominator;
+        exact *= scale.ratio;
         const double nearest = static_cast<double>(exact);
         if (!(nearest > 1e-290 && nearest < 1e290)) return false;
         const long double below = (static_cast<long double>(nearest) + NextPositive(nearest, -1)) / 2;
@@ -555,11 +555,13 @@ bool ShortestInExtendedPrecision(double value, const UnitScale& scale, Scientifi
             return true;
         }
         if (!(magnitude > 1e-250 && magnitude < 1e250)) return false;
-        const long double quotient = static_cast<long double>(magnitude) * scale.denominator / scale.numerator;
+        const long double quotient = static_cast<long double>(magnitude) * scale.inverse;
         // 19 digits M = quotient x 10^shift, 10^18 <= M < 10^19, of the
         // first digit's exponent 18 - shift.
         // log10(2) x the binary exponent: the decimal one, or one below it.
-        long shift = 18 - (std::ilogb(static_cast<double>(quotient)) * 30103L) / 100000L;
+        // (The quotient is a normal double: its binary exponent is that of its
+        // 53-bit mantissa plus 52.)
+        long shift = 18 - ((Decompose(static_cast<double>(quotient)).exponent + 52L) * 30103L) / 100000L;
         long double scaled = 0.0L;
         for (int attempt = 0;; ++attempt) {
             if (attempt == 3 || shift > 54 || shift < -54) return false;
@@ -575,7 +577,11 @@ bool ShortestInExtendedPrecision(double value, const UnitScale& scale, Scientifi
         // At most six roundings of 2^-64 relatively and the last to a whole
         // number: within 3.8 of the exact M. A rounding nearer a half than that is
         // decided exactly.
-        const std::uint64_t leading = static_cast<std::uint64_t>(std::llroundl(scaled));
+        // M rounded, a half up: below 2^63 long double keeps halves, so the
+        // half added is exact; from 2^63 on M is whole. (llroundl would not
+        // do: M may pass the largest long long.)
+        const std::uint64_t leading = scaled >= 0x1p63L ? static_cast<std::uint64_t>(scaled)
+                                                        : static_cast<std::uint64_t>(scaled + 0.5L);
         const std::uint64_t tolerance = 4;
         char digits[24];
         const char* end = std::to_chars(digits, digits + sizeof digits, leading).ptr;
@@ -630,13 +636,32 @@ Decimal ShortestWritten(double value, const UnitScale& scale) {
 
 // --- Texts of a decimal ---
 
+// The digits of a decimal and the exponent of the first, wherever they are
+// kept: a number is written for every value of a file, and its text is made
+// from the digits where they stand, into a string whose room is used again.
+struct DigitsView {
+    bool negative;
+    const char* digits;
+    long count;
+    long exponent;
+};
+
+DigitsView ViewOf(const Decimal& decimal) {
+    return DigitsView{decimal.negative, decimal.digits.data(), static_cast<long>(decimal.digits.size()),
+                      decimal.exponent};
+}
+
+DigitsView ViewOf(const Scientific& scientific) {
+    return DigitsView{scientific.negative, scientific.digits, scientific.count, scientific.exponent};
+}
+
 // Plain decimals: "100.0", "12.5", "0.25". `compact` leaves out a zero that
-// only marks the place of the point: "100.", ".25". The text is built in one
-// string, as a number is written for every value of a file.
-std::string PlainText(bool negative, const char* digits, long count, long e, bool compact) {
-    std::string text;
-    text.reserve(static_cast<std::size_t>(count + std::labs(e) + 4));
-    if (negative) text += '-';
+// only marks the place of the point: "100.", ".25".
+void AppendPlain(std::string& text, const DigitsView& decimal, bool compact) {
+    const char* digits = decimal.digits;
+    const long count = decimal.count;
+    const long e = decimal.exponent;
+    if (decimal.negative) text += '-';
     if (e >= count - 1) {
         text.append(digits, static_cast<std::size_t>(count));
         text.append(static_cast<std::size_t>(e - (count - 1)), '0');
@@ -650,28 +675,19 @@ std::string PlainText(bool negative, const char* digits, long count, long e, boo
         text.append(static_cast<std::size_t>(-e - 1), '0');
         text.append(digits, static_cast<std::size_t>(count));
     }
-    return text;
-}
-
-std::string Plain(const Decimal& decimal, bool compact = false) {
-    return PlainText(decimal.negative, decimal.digits.data(), static_cast<long>(decimal.digits.size()),
-                     decimal.exponent, compact);
 }
 
 // Exponent form with the point after `before` digits (0: in front of them;
 // all of them: no point): "2.5e+12" when `padded` (a sign and at least two
 // exponent digits), else "2.5e12", "25e11", ".25e13".
-std::string Exponential(const Decimal& decimal, std::size_t before, bool padded) {
-    const std::size_t count = decimal.digits.size();
-    std::string text;
-    text.reserve(count + 10);
+void AppendExponential(std::string& text, const DigitsView& decimal, long before, bool padded) {
     if (decimal.negative) text += '-';
-    text.append(decimal.digits, 0, before);
-    if (before < count) {
+    text.append(decimal.digits, static_cast<std::size_t>(before));
+    if (before < decimal.count) {
         text += '.';
-        text.append(decimal.digits, before, std::string::npos);
+        text.append(decimal.digits + before, static_cast<std::size_t>(decimal.count - before));
     }
-    const long exponent = decimal.exponent - (static_cast<long>(before) - 1);
+    const long exponent = decimal.exponent - (before - 1);
     char digits[24];
     const char* end = std::to_chars(digits, digits + sizeof digits, std::labs(exponent)).ptr;
     text += 'e';
@@ -679,7 +695,6 @@ std::string Exponential(const Decimal& decimal, std::size_t before, bool padded)
     else if (padded) text += '+';
     if (padded && end - digits < 2) text += '0';
     text.append(digits, static_cast<std::size_t>(end - digits));
-    return text;
 }
 
 // Plain decimals only for exponents that keep them short; far beyond a
@@ -695,30 +710,60 @@ std::size_t DigitCount(long number) {
     return count;
 }
 
-std::size_t PlainLength(const Decimal& decimal, bool compact) {
-    const long count = static_cast<long>(decimal.digits.size());
+std::size_t PlainLength(const DigitsView& decimal, bool compact) {
+    const long count = decimal.count;
     const long e = decimal.exponent;
     const long pointAndZero = compact ? 1 : 2;
     const long length = e >= count - 1 ? e + 1 + pointAndZero : e >= 0 ? count + 1 : pointAndZero - e - 1 + count;
     return static_cast<std::size_t>(length) + (decimal.negative ? 1 : 0);
 }
 
-std::size_t ExponentialLength(const Decimal& decimal, std::size_t before, bool padded) {
-    const std::size_t count = decimal.digits.size();
-    const long exponent = decimal.exponent - (static_cast<long>(before) - 1);
+std::size_t ExponentialLength(const DigitsView& decimal, long before, bool padded) {
+    const long exponent = decimal.exponent - (before - 1);
     const std::size_t exponentDigits = std::max<std::size_t>(DigitCount(exponent), padded ? 2 : 1);
-    return (decimal.negative ? 1 : 0) + count + (before < count ? 1 : 0) + 1 + (exponent < 0 || padded ? 1 : 0) +
+    return static_cast<std::size_t>((decimal.negative ? 1 : 0) + decimal.count + (before < decimal.count ? 1 : 0) + 1 +
+                                    (exponent < 0 || padded ? 1 : 0)) +
            exponentDigits;
 }
 
 // The place of the point that gives the shortest exponent form (moving the
 // point can save an exponent digit: "12.3e9" rather than "1.23e10"); the
 // first of equally short ones, from a point after the first digit on.
-std::size_t ShortestExponentialPoint(const Decimal& decimal) {
-    std::size_t best = 1;
-    for (std::size_t before = 0; before <= decimal.digits.size(); ++before)
+long ShortestExponentialPoint(const DigitsView& decimal) {
+    long best = 1;
+    for (long before = 0; before <= decimal.count; ++before)
         if (ExponentialLength(decimal, before, false) < ExponentialLength(decimal, best, false)) best = before;
     return best;
+}
+
+// The text of a decimal in a column of `width`, in place of `text`: the usual
+// forms first; in a column too narrow for them, shorter texts of the same
+// number, so that the column widens only when none fits.
+void InColumn(const DigitsView& decimal, std::size_t width, std::string& text) {
+    text.clear();
+    const bool hasPlain = HasPlainForm(decimal.exponent);
+    const std::size_t none = std::numeric_limits<std::size_t>::max();
+    const std::size_t plain = hasPlain ? PlainLength(decimal, false) : none;
+    if (plain <= width) return AppendPlain(text, decimal, false);
+    const std::size_t exponential = ExponentialLength(decimal, 1, true);
+    // Every form holds the digits and the sign at least: when they alone are
+    // wider than the column (17 digits of a value in feet), none fits.
+    if (static_cast<std::size_t>(decimal.count + (decimal.negative ? 1 : 0)) <= width) {
+        if (exponential <= width) return AppendExponential(text, decimal, 1, true);
+        const std::size_t compactPlain = hasPlain ? PlainLength(decimal, true) : none;
+        if (compactPlain <= width) return AppendPlain(text, decimal, true);
+        if (ExponentialLength(decimal, 1, false) <= width) return AppendExponential(text, decimal, 1, false);
+        const bool isWhole = decimal.exponent >= decimal.count - 1;
+        if (hasPlain && isWhole && compactPlain - 1 <= width) {
+            AppendPlain(text, decimal, true);
+            text.pop_back();  // "123456789": the point too left out
+            return;
+        }
+        const long before = ShortestExponentialPoint(decimal);
+        if (ExponentialLength(decimal, before, false) <= width) return AppendExponential(text, decimal, before, false);
+    }
+    if (plain <= exponential) return AppendPlain(text, decimal, false);
+    AppendExponential(text, decimal, 1, true);
 }
 
 }  // namespace
@@ -726,74 +771,58 @@ std::size_t ShortestExponentialPoint(const Decimal& decimal) {
 std::string ShortestDecimalText(double value, DecimalForm form) {
     if (!std::isfinite(value)) return FormatReal(value, 0);
     const Scientific shortest = ToScientific(value);
-    const Decimal decimal{shortest.negative, std::string(shortest.digits, static_cast<std::size_t>(shortest.count)),
-                          shortest.exponent};
+    const DigitsView decimal = ViewOf(shortest);
     if (form == DecimalForm::General)
         form = decimal.exponent < -4 || decimal.exponent >= 6 ? DecimalForm::Scientific : DecimalForm::Plain;
-    if (form == DecimalForm::Scientific) return Exponential(decimal, 1, true);
-    // A whole number without a point, as fixed writes it.
-    if (decimal.exponent >= shortest.count - 1) {
-        std::string text = Plain(decimal, true);
+    std::string text;
+    if (form == DecimalForm::Scientific) {
+        AppendExponential(text, decimal, 1, true);
+    } else if (decimal.exponent >= decimal.count - 1) {
+        // A whole number without a point, as fixed writes it.
+        AppendPlain(text, decimal, true);
         text.pop_back();
-        return text;
+    } else {
+        AppendPlain(text, decimal, false);
     }
-    return Plain(decimal);
+    return text;
 }
 
 std::string FormatReal(double value, int fieldWidth, const UnitRatio& unitSize) {
     return FormatReal(value, fieldWidth, UnitScale(unitSize));
 }
 
-// The plain text of the shortest digits (of the value in a unit that is a
-// power of ten, shifted by `powerOfTen`) when it fits its column: the usual
-// case, made in place without building the decimal. False when it does not
-// fit or has no plain form, for the general way to decide.
-bool FitPlainText(const Scientific& shortest, int powerOfTen, std::size_t width, std::string& text) {
-    const bool isZero = shortest.count == 1 && shortest.digits[0] == '0';
-    const long exponent = isZero ? 0 : shortest.exponent - powerOfTen;
-    if (!HasPlainForm(exponent)) return false;
-    text = PlainText(shortest.negative, shortest.digits, shortest.count, exponent, false);
-    return text.size() <= width;
+std::string FormatReal(double value, int fieldWidth, const UnitScale& scale) {
+    std::string text;
+    FormatReal(value, fieldWidth, scale, text);
+    return text;
 }
 
-std::string FormatReal(double value, int fieldWidth, const UnitScale& scale) {
-    if (std::isnan(value)) return std::signbit(value) ? "-NaN" : "NaN";
-    if (std::isinf(value)) return value > 0 ? "Inf" : "-Inf";
+void FormatReal(double value, int fieldWidth, const UnitScale& scale, std::string& text) {
+    if (std::isnan(value)) {
+        text = std::signbit(value) ? "-NaN" : "NaN";
+        return;
+    }
+    if (std::isinf(value)) {
+        text = value > 0 ? "Inf" : "-Inf";
+        return;
+    }
     const std::size_t width = fieldWidth > 0 ? static_cast<std::size_t>(fieldWidth) : 0;
-    std::string text;
-    Decimal decimal;
     Scientific shortest;
     if (scale.isPowerOfTen) {
+        // The usual case, a plain text that fits, made from the shortest
+        // digits shifted by the power of ten; anything else the general way.
         shortest = ToScientific(value);
-        if (FitPlainText(shortest, scale.powerOfTen, width, text)) return text;
-        decimal = ShortestWritten(value, scale);
+        const bool isZero = shortest.count == 1 && shortest.digits[0] == '0';
+        if (!isZero) shortest.exponent -= scale.powerOfTen;
+        const DigitsView digits = ViewOf(shortest);
+        if (HasPlainForm(digits.exponent) && PlainLength(digits, false) <= width) {
+            text.clear();
+            return AppendPlain(text, digits, false);
+        }
     } else if (ShortestInExtendedPrecision(value, scale, shortest)) {
-        if (FitPlainText(shortest, 0, width, text)) return text;
-        decimal = Decimal{shortest.negative, std::string(shortest.digits, static_cast<std::size_t>(shortest.count)),
-                          shortest.exponent};
-    } else {
-        decimal = ShortestWritten(value, scale);
+        return InColumn(ViewOf(shortest), width, text);
     }
-    const bool hasPlain = HasPlainForm(decimal.exponent);
-    const bool isWhole = decimal.exponent >= static_cast<long>(decimal.digits.size()) - 1;
-    // The usual forms first; in a column too narrow for them, shorter texts
-    // of the same number, so that the column widens only when none fits.
-    const std::size_t none = std::numeric_limits<std::size_t>::max();
-    const std::size_t plain = hasPlain ? PlainLength(decimal, false) : none;
-    if (plain <= width) return Plain(decimal);
-    const std::size_t exponential = ExponentialLength(decimal, 1, true);
-    if (exponential <= width) return Exponential(decimal, 1, true);
-    const std::size_t compactPlain = hasPlain ? PlainLength(decimal, true) : none;
-    if (compactPlain <= width) return Plain(decimal, true);
-    if (ExponentialLength(decimal, 1, false) <= width) return Exponential(decimal, 1, false);
-    if (hasPlain && isWhole && compactPlain - 1 <= width) {
-        text = Plain(decimal, true);
-        text.pop_back();  // "123456789": the point too left out
-        return text;
-    }
-    const std::size_t before = ShortestExponentialPoint(decimal);
-    if (ExponentialLength(decimal, before, false) <= width) return Exponential(decimal, before, false);
-    return plain <= exponential ? Plain(decimal) : Exponential(decimal, 1, true);
+    InColumn(ViewOf(ShortestWritten(value, scale)), width, text);
 }
 
 bool ParseReal(const char* first, const char* last, double& value, const UnitScale& scale) {

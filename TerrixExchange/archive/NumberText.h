@@ -56,21 +56,27 @@ struct UnitScale {
     bool isPowerOfTen = true;
     int powerOfTen = 0;
     double factor = 1.0;
-    // The numerator and the denominator in long double, for the fast ways.
-    long double numerator = 1.0L;
-    long double denominator = 1.0L;
+    // numerator / denominator and its inverse in long double, for the fast
+    // ways: a multiplication where a multiplication and a division would
+    // take as many roundings and much longer.
+    long double ratio = 1.0L;
+    long double inverse = 1.0L;
 
     UnitScale() = default;
     explicit UnitScale(const Units::Runtime::UnitRatio& unitSize)
         : size(unitSize),
-          numerator(static_cast<long double>(unitSize.numerator)),
-          denominator(static_cast<long double>(unitSize.denominator)) {
+          ratio(static_cast<long double>(unitSize.numerator) / static_cast<long double>(unitSize.denominator)),
+          inverse(static_cast<long double>(unitSize.denominator) / static_cast<long double>(unitSize.numerator)) {
         isPowerOfTen = unitSize.IsPowerOfTen(powerOfTen);
         factor = unitSize.ToDouble();
     }
 };
 bool ParseReal(const char* first, const char* last, double& value, const UnitScale& scale);
 std::string FormatReal(double value, int fieldWidth, const UnitScale& scale);
+// The same text into `text`, whose room is used again: a writer keeps one
+// string for every number of a file, and texts longer than a string holds
+// in place (17 digits of a value in feet) are made without an allocation.
+void FormatReal(double value, int fieldWidth, const UnitScale& scale, std::string& text);
 
 // The scales of one unit system for the dimensions a text uses, each worked
 // out at its first number (a file has a handful of dimensions).

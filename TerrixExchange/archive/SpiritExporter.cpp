@@ -29,6 +29,8 @@ const std::size_t parameterNameWidth = 7;
 const std::size_t titleWidth = 25;
 // A vector line breaks before a value that would take it past this column.
 const int vectorLineLength = 80;
+// Values written as they stand, in no unit system.
+const UnitScale asTheyStand;
 
 }  // namespace
 
@@ -56,8 +58,8 @@ void SpiritExporter<OutputIterator>::SectionTitle(const std::string& title) {
 
 template <class OutputIterator>
 void SpiritExporter<OutputIterator>::WriteReal(double value, Units::Runtime::DynamicDimension dimension) {
-    const int field = columnWidth_ - 1;
-    WriteInColumn(scales_ ? FormatReal(value, field, scales_->Of(dimension)) : FormatReal(value, field));
+    FormatReal(value, columnWidth_ - 1, scales_ ? scales_->Of(dimension) : asTheyStand, number_);
+    WriteInColumn(number_);
 }
 
 template <class OutputIterator>

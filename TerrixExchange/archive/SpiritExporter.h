@@ -174,6 +174,9 @@ private:
     // The export's unit of each dimension; none when values are written as
     // they stand.
     boost::optional<UnitScales> scales_;
+    // The text of the number being written, its room kept from one to the
+    // next.
+    std::string number_;
 };
 
 using StreamSink = boost::spirit::karma::ostream_iterator<char, char>;
