@@ -313,12 +313,14 @@ template <class Iterator>
 bool SpiritImporter<Iterator>::TryReadReal(double& value, Units::Runtime::DynamicDimension dimension) {
     Cursor it = Here();
     if (!ParseNumber(it, LineEnd(), value, scales_.Of(dimension))) return false;
-    // The number's text ends where the parse ended and starts after the
-    // blanks before it.
-    Cursor first = Here();
-    SkipBlanks(first, it);
-    lastNumber_ = ReadNumber{static_cast<std::size_t>(first - line_.data()), static_cast<std::size_t>(it - line_.data()),
-                             dimension, value};
+    if (NotesValues()) {
+        // The number's text ends where the parse ended and starts after the
+        // blanks before it.
+        Cursor first = Here();
+        SkipBlanks(first, it);
+        lastNumber_ = ReadNumber{static_cast<std::size_t>(first - line_.data()),
+                                 static_cast<std::size_t>(it - line_.data()), dimension, value};
+    }
     MoveTo(it);
     return true;
 }
@@ -495,7 +497,8 @@ void SpiritImporter<Iterator>::ReadVector(std::vector<double>& values, std::size
         double value = 0.0;
         if (!TryReadReal(value, dimension))
             RaiseImportError("Error parsing argument: " + std::to_string(i) + ", expected vector of size: " + sizeText);
-        NoteNumber(vectorName_, static_cast<std::uint32_t>(i), SourceMap::ValueKind::Number, vectorMeaning_);
+        if (NotesValues())
+            NoteNumber(vectorName_, static_cast<std::uint32_t>(i), SourceMap::ValueKind::Number, vectorMeaning_);
         values.push_back(value);
     }
     // After the last value the line holds the vector's own comment, as the

@@ -90,6 +90,9 @@ public:
     // --- State ---
     const Units::Runtime::UnitSystem& GetUnitSystem() const { return units_; }
     void SetUnitSystem(const Units::Runtime::UnitSystem& units) {
+        // The profiles of a stream mostly share their units: the scales
+        // worked out for the last one serve the next.
+        if (units == units_) return;
         units_ = units;
         scales_ = UnitScales(units);
     }
@@ -361,7 +364,7 @@ bool SpiritImporter<Iterator>::Parameter(Value&& value, const std::string& name,
     const std::size_t start = column_;
     if (TryReadParameter(value, name)) {
         if (sourceLines_) sourceLines_->SetParameterLine(sectionTitle_, name, lineCounter_);
-        NoteNumber(name, SourceMap::none, KindOfValue(value), ColumnMeaning::Converted);
+        if (NotesValues()) NoteNumber(name, SourceMap::none, KindOfValue(value), ColumnMeaning::Converted);
         NotePiece(SourceMap::Kind::Parameter, NameIndex(name), lineCounter_);
         return true;
     }
