@@ -62,18 +62,6 @@ bool ParseNumber(Cursor& position, Cursor last, double& value, const UnitScale& 
 
 void SkipBlanks(Cursor& position, Cursor last) { qi::parse(position, last, *blank); }
 
-// The words of a text, split at blanks.
-std::vector<std::string> WordsOf(const std::string& text) {
-    std::vector<std::string> words;
-    std::size_t at = 0;
-    while ((at = text.find_first_not_of(" \t", at)) != std::string::npos) {
-        const std::size_t end = text.find_first_of(" \t", at);
-        words.push_back(text.substr(at, end - at));
-        at = end;
-    }
-    return words;
-}
-
 }  // namespace
 
 template <class Iterator>
@@ -225,10 +213,18 @@ bool SpiritImporter<Iterator>::AtEndOfLine() {
 
 template <class Iterator>
 bool SpiritImporter<Iterator>::ParseWords(Cursor& it, const std::string& text) const {
+    // Each word compared where it stands in `text`: titles and comments are
+    // matched on every section and vector, and are not split up for it.
+    std::size_t at = 0;
     bool first = true;
-    for (const std::string& word : WordsOf(text)) {
+    while ((at = text.find_first_not_of(" \t", at)) != std::string::npos) {
+        const std::size_t end = std::min(text.find_first_of(" \t", at), text.size());
         if (!first && !qi::parse(it, LineEnd(), +blank)) return false;
-        if (!qi::parse(it, LineEnd(), qi::lit(word))) return false;
+        const std::size_t length = end - at;
+        if (static_cast<std::size_t>(LineEnd() - it) < length || text.compare(at, length, it, length) != 0)
+            return false;
+        it += length;
+        at = end;
         first = false;
     }
     return true;
