@@ -34,76 +34,58 @@ std::vector<std::string> TerrixMultipleSoilProfiles::GetSoilProfileNames() const
     return names;
 }
 
-TerrixMultipleSoilProfiles::Reading::Reading(const std::string& forceUnit, const std::string& lengthUnit,
-                                             std::vector<SourceLines>* linesRead)
-    : units(UnitSystem(forceUnit, lengthUnit)), lines(linesRead) {}
-
-void TerrixMultipleSoilProfiles::Import(std::istream& stream) { ReadProfiles(stream, Reading()); }
+void TerrixMultipleSoilProfiles::Import(std::istream& stream) { ReadProfiles(stream, {}); }
 
 void TerrixMultipleSoilProfiles::Import(std::istream& stream, const std::string& forceUnit,
                                         const std::string& lengthUnit) {
-    ReadProfiles(stream, Reading(forceUnit, lengthUnit, nullptr));
+    ReadProfiles(stream, {UnitSystem(forceUnit, lengthUnit)});
 }
 
 void TerrixMultipleSoilProfiles::Import(std::istream& stream, std::vector<SourceLines>& lines) {
-    Reading reading;
-    reading.lines = &lines;
-    ReadProfiles(stream, reading);
+    ReadProfiles(stream, {boost::none, &lines});
 }
 
 void TerrixMultipleSoilProfiles::Import(std::istream& stream, const std::string& forceUnit,
                                         const std::string& lengthUnit, std::vector<SourceLines>& lines) {
-    ReadProfiles(stream, Reading(forceUnit, lengthUnit, &lines));
-}
-
-void TerrixMultipleSoilProfiles::ImportText(std::string_view text) { ReadProfiles(text, Reading()); }
-
-void TerrixMultipleSoilProfiles::ImportText(std::string_view text, const std::string& forceUnit,
-                                            const std::string& lengthUnit) {
-    ReadProfiles(text, Reading(forceUnit, lengthUnit, nullptr));
-}
-
-void TerrixMultipleSoilProfiles::ImportText(std::string_view text, std::vector<SourceLines>& lines) {
-    Reading reading;
-    reading.lines = &lines;
-    ReadProfiles(text, reading);
-}
-
-void TerrixMultipleSoilProfiles::ImportText(std::string_view text, const std::string& forceUnit,
-                                            const std::string& lengthUnit, std::vector<SourceLines>& lines) {
-    ReadProfiles(text, Reading(forceUnit, lengthUnit, &lines));
+    ReadProfiles(stream, {UnitSystem(forceUnit, lengthUnit), &lines});
 }
 
 void TerrixMultipleSoilProfiles::Import(std::istream& stream, std::vector<SourceLines>& lines,
                                         std::vector<SourceMap>& maps) {
-    ReadProfiles(stream, NotingValues(boost::none, lines, maps));
+    ReadProfiles(stream, {boost::none, &lines, &maps, true});
 }
 
 void TerrixMultipleSoilProfiles::Import(std::istream& stream, const std::string& forceUnit,
                                         const std::string& lengthUnit, std::vector<SourceLines>& lines,
                                         std::vector<SourceMap>& maps) {
-    ReadProfiles(stream, NotingValues(UnitSystem(forceUnit, lengthUnit), lines, maps));
+    ReadProfiles(stream, {UnitSystem(forceUnit, lengthUnit), &lines, &maps, true});
+}
+
+void TerrixMultipleSoilProfiles::ImportText(std::string_view text) { ReadProfiles(text, {}); }
+
+void TerrixMultipleSoilProfiles::ImportText(std::string_view text, const std::string& forceUnit,
+                                            const std::string& lengthUnit) {
+    ReadProfiles(text, {UnitSystem(forceUnit, lengthUnit)});
+}
+
+void TerrixMultipleSoilProfiles::ImportText(std::string_view text, std::vector<SourceLines>& lines) {
+    ReadProfiles(text, {boost::none, &lines});
+}
+
+void TerrixMultipleSoilProfiles::ImportText(std::string_view text, const std::string& forceUnit,
+                                            const std::string& lengthUnit, std::vector<SourceLines>& lines) {
+    ReadProfiles(text, {UnitSystem(forceUnit, lengthUnit), &lines});
 }
 
 void TerrixMultipleSoilProfiles::ImportText(std::string_view text, std::vector<SourceLines>& lines,
                                             std::vector<SourceMap>& maps) {
-    ReadProfiles(text, NotingValues(boost::none, lines, maps));
+    ReadProfiles(text, {boost::none, &lines, &maps, true});
 }
 
 void TerrixMultipleSoilProfiles::ImportText(std::string_view text, const std::string& forceUnit,
                                             const std::string& lengthUnit, std::vector<SourceLines>& lines,
                                             std::vector<SourceMap>& maps) {
-    ReadProfiles(text, NotingValues(UnitSystem(forceUnit, lengthUnit), lines, maps));
-}
-
-TerrixMultipleSoilProfiles::Reading TerrixMultipleSoilProfiles::NotingValues(
-    const boost::optional<UnitSystem>& units, std::vector<SourceLines>& lines, std::vector<SourceMap>& maps) {
-    Reading reading;
-    reading.units = units;
-    reading.lines = &lines;
-    reading.maps = &maps;
-    reading.mapsNoteValues = true;
-    return reading;
+    ReadProfiles(text, {UnitSystem(forceUnit, lengthUnit), &lines, &maps, true});
 }
 
 void TerrixMultipleSoilProfiles::ReadProfiles(std::istream& stream, const Reading& reading) {

@@ -173,23 +173,16 @@ private:
     // pieces of each profile stand are noted where asked.
     struct Reading {
         boost::optional<Units::Runtime::UnitSystem> units;
-        const std::vector<Units::Runtime::UnitSystem>* unitsOfEach = nullptr;
         std::vector<SourceLines>* lines = nullptr;
         std::vector<SourceMap>* maps = nullptr;
         bool mapsNoteValues = false;
-
-        Reading() = default;
-        Reading(const std::string& forceUnit, const std::string& lengthUnit, std::vector<SourceLines>* lines);
+        const std::vector<Units::Runtime::UnitSystem>* unitsOfEach = nullptr;
     };
     // Reads profiles until the end of the input, of a stream or of a text.
     void ReadProfiles(std::istream& stream, const Reading& reading);
     void ReadProfiles(std::string_view text, const Reading& reading);
     template <class Archive>
     void ReadProfiles(Archive& importer, const Reading& reading);
-    // How to read, in `units` or in each one's own, noting lines, pieces and
-    // values.
-    static Reading NotingValues(const boost::optional<Units::Runtime::UnitSystem>& units,
-                                std::vector<SourceLines>& lines, std::vector<SourceMap>& maps);
 
     void ReadJsonProfiles(std::string_view text, const boost::optional<Units::Runtime::UnitSystem>& units);
 
