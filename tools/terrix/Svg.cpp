@@ -29,11 +29,13 @@ const int legendRowHeight = 16;
 // which is quicker than formatting the double; a value beyond pixels (or no
 // number) is formatted all the same.
 std::string Number(double value) {
-    char buffer[32];
     if (!(std::fabs(value) < 1e15)) {
-        std::snprintf(buffer, sizeof buffer, "%.1f", value);
-        return buffer;
+        // Room for every digit of the largest double (309) and ".0".
+        char wide[320];
+        std::snprintf(wide, sizeof wide, "%.1f", value);
+        return wide;
     }
+    char buffer[32];
     const long long tenths = std::llround(value * 10.0);
     const unsigned long long magnitude = static_cast<unsigned long long>(tenths < 0 ? -tenths : tenths);
     char* end = buffer;
