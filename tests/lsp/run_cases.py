@@ -100,14 +100,14 @@ def substituted(value, uri):
     return value
 
 
-def document_text(spec, source_dir):
-    with open(os.path.join(source_dir, spec["file"]), encoding="utf-8", newline="") as file:
+def document_text(document, source_dir):
+    with open(os.path.join(source_dir, document["file"]), encoding="utf-8", newline="") as file:
         text = file.read()
-    for old, new in spec.get("replace", []):
-        assert text.count(old) == 1, "%r stands %d times in %s" % (old, text.count(old), spec["file"])
+    for old, new in document.get("replace", []):
+        assert text.count(old) == 1, "%r stands %d times in %s" % (old, text.count(old), document["file"])
         text = text.replace(old, new)
-    if "insert" in spec:
-        insert = spec["insert"]
+    if "insert" in document:
+        insert = document["insert"]
         lines = text.splitlines(keepends=True)
         at = insert["beforeLine"] - 1
         lines[at:at] = [insert["repeat"] * insert.get("times", 1) + insert.get("end", "")]
